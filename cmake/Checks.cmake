@@ -1,0 +1,31 @@
+# Warnings and sanitizers, for every target of the project through the interface target fb_checks.
+
+add_library(fb_checks INTERFACE)
+
+target_compile_options(fb_checks INTERFACE
+    -Wall -Wextra -Wpedantic       # the common ground
+    -Wshadow                       # a name that hides another one misleads the reader
+    -Wconversion -Wsign-conversion # a number that silently loses bits would reach a file
+    -Wnon-virtual-dtor             # deleting through a base class must not leak
+    -Wold-style-cast               # casts say what they do
+    -Woverloaded-virtual           # a toolkit's event handler with a slip in its signature would never run
+    -Wdouble-promotion             # read-outs are computed in single precision on purpose
+    -Wformat=2)                    # texts never serve as formats
+
+if(FB_WARNINGS_AS_ERRORS)
+    target_compile_options(fb_checks INTERFACE -Werror)
+endif()
+
+if(FB_SANITIZE)
+    target_compile_options(fb_checks INTERFACE
+        -fsanitize=address,undefined
+        -fno-sanitize-recover=all  # a finding ends the test that made it
+        -fno-omit-frame-pointer)   # readable stacks
+    target_link_options(fb_checks INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(FB_FUZZ)
+    # Every source is instrumented, so that the fuzzer sees which input reaches new code.
+    target_compile_options(fb_checks INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    target_link_options(fb_checks INTERFACE -fsanitize=address,undefined)
+endif()

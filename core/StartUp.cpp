@@ -1,0 +1,72 @@
+#include "core/StartUp.h"
+
+#include "core/General.h"
+#include "core/Screens.h"
+#include "core/SharedState.h"
+#include "level/LevelWriter.h"
+#include "platform/Files.h"
+
+namespace {
+
+constexpr std::array<std::string_view, BadGuyTypes> DisplayNames{
+    "Snow Ball",       "Bouncing Ball", "Mr. IceBlock", "Flying Snow Ball", "Spikey",
+    "Bouncing Spikey", "Mr. Bomb",      "Fire Ball",    "Stalactite",       "Fish",
+};
+
+/// Fixed when the program is built; without a choice then, where the game's own installer puts it, or on
+/// systems without that place the folder beside the program.
+std::string FixedGameFolder() {
+    const std::string chosen = FB_GAME_FOLDER;
+    if (!chosen.empty()) {
+        return chosen;
+    }
+#ifdef _WIN32
+    return "C:\\Program Files\\Floebird";
+#else
+    return JoinPath(ProgramFolder(), "Floebird");
+#endif
+}
+
+}  // namespace
+
+void InitTextConstants() {
+    NL = "\r\n";
+    QuoteChar = "\"";
+}
+
+void InitConstants() {
+    GetLogonName();
+    LevelLoaded = False;
+    TitleText = "FB_Editor V1.09 - Floebird Level Editor by Quillhare";
+    GameFolder = FixedGameFolder();
+    DataFolder = JoinPath(GameFolder, "data");
+    LevelsFolder = JoinPath(DataFolder, "levels");
+    UserLevelsFolder = JoinPath(JoinPath(GameFolder, ".floebird"), "levels");
+    ImagesFolder = JoinPath(DataFolder, "images");
+    BackgroundFolder = JoinPath(ImagesFolder, "background");
+    MusicFolder = JoinPath(DataFolder, "music");
+    WorldMapsFolder = JoinPath(LevelsFolder, "worldmaps");
+    FileNotFoundText = "File Specified Not Found!\r\nPlease choose another file.";
+    CurrentTile = 0;
+    for (std::size_t row = 0; row < BadGuyTypeTable.size(); ++row) {
+        BadGuyTypeTable[row] = {std::string(DisplayNames[row]), 0};
+    }
+}
+
+void RestoreSelections() {
+    CurrentLayer = PrefsRecord.SavedLayer > 3 ? Int16(1) : PrefsRecord.SavedLayer;
+    CurrentMode = PrefsRecord.SavedMode > 2 ? Int16(0) : PrefsRecord.SavedMode;
+    CurrentObject = PrefsRecord.SavedObject > BadGuyTypes - 1 ? Int16(-1) : PrefsRecord.SavedObject;
+    const bool knownTileSet = PrefsRecord.SavedTileSet >= 0 && PrefsRecord.SavedTileSet <= 2;
+    CurrentTileSet = knownTileSet ? PrefsRecord.SavedTileSet : Int16(0);
+}
+
+void Main() {
+    InitTextConstants();
+    InitConstants();
+    UseDosLineEnds();
+    LoadPreferences();
+    RestoreSelections();
+    LoadMainFrm();
+    ShowMainFrm();
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+/// Sets NL to CR LF and QuoteChar to a double quote.
+void InitTextConstants();
+
+/// Sets the logon name, the texts, the folders and the tables of SharedState.h, and LevelLoaded to false.
+void InitConstants();
+
+/// Copies the saved selections into the working ones, each with its own clamp.
+void RestoreSelections();
+
+/// Starts the program: constants, preferences, selections; then loads and shows MainFrm. Returns before the
+/// first event is handled. Traps nothing.
+void Main();

@@ -1,0 +1,22 @@
+#include "tests/ModelDoubles.h"
+
+#include "core/Screens.h"
+#include "platform/Events.h"
+
+ModelDoubles doubles;
+
+int yieldsUntilNextLook = 0;
+
+void LookAtEventQueue() {
+    if (doubles.onYield) {
+        doubles.onYield();
+    }
+}
+
+void WaitForEvent() { LookAtEventQueue(); }
+
+void LoadMainFrm() { doubles.calls.emplace_back("LoadMainFrm"); }
+void ShowMainFrm() { doubles.calls.emplace_back("ShowMainFrm"); }
+void SetMapXScrollMax(Int16 maximum) { doubles.mapXScrollMax = maximum; }
+void ShowFileName(const std::string& text) { doubles.calls.push_back("ShowFileName " + text); }
+void UpdateDisplay() { doubles.calls.emplace_back("UpdateDisplay"); }
