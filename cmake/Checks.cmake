@@ -12,6 +12,11 @@ target_compile_options(fb_checks INTERFACE
     -Wdouble-promotion             # read-outs are computed in single precision on purpose
     -Wformat=2)                    # texts never serve as formats
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(fb_checks INTERFACE
+        -Wno-restrict)             # g++ 12 reports it in its own library for "text" + std::string
+endif()
+
 if(FB_WARNINGS_AS_ERRORS)
     target_compile_options(fb_checks INTERFACE -Werror)
 endif()
