@@ -13,3 +13,7 @@ void ShowMainFrm();                         ///< shows it, or brings it back aft
 void SetMapXScrollMax(Int16 maximum);       ///< largest first column of the map view
 void ShowFileName(const std::string& text); ///< puts `text` into FileNameBox
 void UpdateDisplay();                       ///< redraws the whole screen from the records
+void EnableMainFrm(bool enabled);           ///< whether it takes input
+
+// The side screens.
+void OpenBadGuyEditor();  ///< the properties of SelectedBadGuy

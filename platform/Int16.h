@@ -26,6 +26,7 @@ public:
     friend constexpr Int16 operator*(Int16 a, Int16 b) { return {a.value_ * b.value_}; }
     friend constexpr Int16 operator*(Int16 a, int b) { return a * Int16(b); }
     friend constexpr Int16 operator*(int a, Int16 b) { return Int16(a) * b; }
+    friend constexpr double operator+(double a, Int16 b) { return a + static_cast<double>(b.value_); }
     constexpr Int16& operator+=(int b) { return *this = *this + b; }
     constexpr Int16& operator-=(int b) { return *this = *this - b; }
 

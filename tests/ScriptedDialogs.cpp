@@ -37,3 +37,5 @@ std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(set
 std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
 void EndWithFault(const Fault& fault) { dialogs.fatalFault = fault.Number(); }
+
+void EndProcess() { dialogs.ended = true; }

@@ -1,0 +1,127 @@
+#include <algorithm>
+
+#include "core/SharedState.h"
+#include "leveledit/MainFrm.h"
+#include "platform/Dialogs.h"
+
+namespace {
+
+constexpr int PaletteColumns = 4;
+constexpr int NoTilePicture = 204;
+
+using Favorites = std::array<Int16, MainFrm::PaletteCells>;
+
+bool HasPicture(int tile) { return tile >= 1 && tile <= LastTile; }
+
+/// Takes CurrentTile out of the list at the place where it stands, or puts it in at `index` if it is not
+/// there. Gives the place it was taken from, or -1. A full list takes no more and says so.
+int ToggleFavorite(Favorites& list, int index, const char* name) {
+    const auto found = std::find(list.begin(), list.end(), CurrentTile);
+    if (found != list.end()) {
+        std::move(found + 1, list.end(), found);
+        list.back() = 0;
+        return static_cast<int>(found - list.begin());
+    }
+    if (list.back() > 0) {
+        const std::string favorites = std::string("Favorites ") + name;
+        MessageBox(favorites + " List Full", favorites + " Error", MessageButtons::Ok, MessageIcon::Warning);
+        return -1;
+    }
+    const auto place = list.begin() + index;
+    std::move_backward(place, list.end() - 1, list.end());
+    *place = CurrentTile;
+    return -1;
+}
+
+}  // namespace
+
+void MainFrm::DrawTilePalette() {
+    TileFrame.SetVisible(!LayerOption[3].Selected());
+    CurImg.SetEnabled(true);
+    // A tile set of another version's preferences leaves the palette as it stands.
+    if (CurrentTileSet >= 0 && CurrentTileSet < static_cast<int>(TilesOption.size())) {
+        SelScroll.SetVisible(CurrentTileSet == 0);
+        for (int i = 0; i < PaletteCells; ++i) {
+            const Int16 tile = PaletteTile(i);
+            Element(SelImg, i).SetPicture(HasPicture(tile) ? BlockImgList()[tile] : Picture());
+        }
+    }
+    if (CurrentTileSet == 0 && CurrentTile == 0) {
+        CurImg.SetToolTip("No Tile Selected");
+    }
+    CurImg.SetPicture(BlockImgList()[HasPicture(CurrentTile) ? static_cast<int>(CurrentTile) : NoTilePicture]);
+}
+
+/// The number of the tile in palette cell `Index`; 0 for an empty cell of a list.
+Int16 MainFrm::PaletteTile(int Index) const {
+    switch (CurrentTileSet) {
+        case 1: return Element(PrefsRecord.FavoritesA, Index);
+        case 2: return Element(PrefsRecord.FavoritesB, Index);
+        default: return SelScroll.Value() * PaletteColumns + Index + 1;
+    }
+}
+
+void MainFrm::ScrollPaletteToTile() {
+    const int row = (CurrentTile - 1) / PaletteColumns;
+    SelScroll.SetValue(std::clamp<int>(row, 0, SelScroll.Max()));
+    DrawTilePalette();
+}
+
+void MainFrm::ToggleFavoriteA(int Index) {
+    if (const int removed = ToggleFavorite(PrefsRecord.FavoritesA, Index, "A"); removed >= 0) {
+        CurrentTile = Element(PrefsRecord.FavoritesA, removed);
+    }
+}
+
+/// List B takes the next tile from the clicked cell, not from the one that the tile was removed from.
+void MainFrm::ToggleFavoriteB(int Index) {
+    if (ToggleFavorite(PrefsRecord.FavoritesB, Index, "B") >= 0) {
+        CurrentTile = Element(PrefsRecord.FavoritesB, Index);
+    }
+}
+
+void MainFrm::TilesOption_Click(int Index) {
+    CurrentTileSet = Index;
+    DrawTilePalette();
+}
+
+void MainFrm::SelImg_MouseDown(int Index, int Button) {
+    if (Button != LeftButton || (CurrentMode != 0 && CurrentMode != 3)) {
+        return;
+    }
+    const bool editing = CurrentMode == 3;
+    if (editing && CurrentTileSet == 1) {
+        ToggleFavoriteA(Index);
+    } else if (editing && CurrentTileSet == 2) {
+        ToggleFavoriteB(Index);
+    } else {
+        CurrentTile = PaletteTile(Index);
+    }
+    DrawTilePalette();
+}
+
+void MainFrm::SelImg_MouseMove(int Index) {
+    const Int16 tile = PaletteTile(Index);
+    Element(SelImg, Index).SetToolTip("Tile # " + std::to_string(tile) + TileNote(tile));
+}
+
+void MainFrm::CurImg_MouseMove() {
+    if (CurrentMode == 0) {
+        CurImg.SetToolTip(HasPicture(CurrentTile)
+                              ? "Tile # " + std::to_string(CurrentTile) + TileNote(CurrentTile, " (Breakable Tile)")
+                              : "No Tile Selected");
+    } else if (CurrentMode == 3) {
+        const auto holds = [](const Favorites& list) {
+            return std::find(list.begin(), list.end(), CurrentTile) != list.end();
+        };
+        const bool favorite = (CurrentTileSet == 1 && holds(PrefsRecord.FavoritesA)) ||
+                              (CurrentTileSet == 2 && holds(PrefsRecord.FavoritesB));
+        CurImg.SetToolTip(favorite ? "Click to Remove Tile from Favorites" : "Click to Add Tile to Favorites");
+    }
+}
+
+void MainFrm::BlankTileCmd_Click() {
+    DummyCmd.SetFocus();
+    CurrentTile = 0;
+    DrawTilePalette();
+}

@@ -1,0 +1,63 @@
+#include "core/General.h"
+#include "core/Screens.h"
+#include "core/SharedState.h"
+#include "level/LevelReader.h"
+#include "level/LevelWriter.h"
+#include "leveledit/MainFrm.h"
+#include "platform/Dialogs.h"
+#include "platform/Events.h"
+
+namespace {
+
+FileDialogSetup LevelDialog() { return {"*.fbl|*.fbl", UserLevelsFolder, LevelPath}; }
+
+}  // namespace
+
+void MainFrm::TB_ButtonClick(int Position) {
+    switch (Position) {
+        case 2: LoadLevelDialog(); break;
+        case 7: SaveCommand(); break;
+        case 8: SaveLevelDialog(); break;
+        case 17: Window.Close(); break;
+        default: break;
+    }
+}
+
+void MainFrm::LoadPrefMap() {
+    LevelRecord.BadGuyCount = 0;
+    LevelRecord.ResetPointCount = 0;
+    ReadLevelFile(LevelPath);
+    FileNameBox.SetCaption(LevelPath + "   [Level Width = " + std::to_string(LevelRecord.width) + "]");
+    UpdateDisplay();
+}
+
+void MainFrm::LoadLevelDialog() {
+    try {
+        LevelPath = OpenFileDialog(LevelDialog());
+        LevelFolder = FolderOf(LevelPath);
+        MapXScroll.SetValue(0);
+        LoadPrefMap();
+    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    }
+}
+
+void MainFrm::SaveLevelDialog() {
+    try {
+        LevelPath = SaveFileDialog(LevelDialog());
+        Window.SetHourglass();
+        YieldToEventQueue();
+        WriteLevelFile(LevelPath);
+        Window.SetDefaultPointer();
+        YieldToEventQueue();
+    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    }
+}
+
+void MainFrm::SaveCommand() {
+    Window.SetTitle("Saving " + LevelPath + "...");
+    Window.SetHourglass();
+    YieldToEventQueue();
+    WriteLevelFile(LevelPath);
+    Window.SetDefaultPointer();
+    Window.SetTitle(TitleText);
+}

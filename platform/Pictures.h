@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QImage;
+class QPixmap;
+
+/// A picture ready to be painted, shared by all cells that show it. One that is made without arguments is no
+/// picture at all.
+class Picture {
+public:
+    Picture() = default;
+    explicit Picture(const QImage& image);
+
+    [[nodiscard]] const QPixmap* Pixmap() const { return pixmap_.get(); }
+
+    /// The same picture, not merely an equal one.
+    bool operator==(const Picture&) const = default;
+
+private:
+    std::shared_ptr<const QPixmap> pixmap_;
+};
+
+/// A list of equally large pictures, cut from one of the sheets that the program carries, numbered from 1.
+class ImageList {
+public:
+    /// Takes the sheet `name`: `count` pictures of `width` by `height` pixels, up to 16 in a row.
+    ImageList(std::string_view name, int count, int width, int height);
+
+    /// Picture `index`, from 1. Fault 9 outside the list.
+    [[nodiscard]] const Picture& operator[](int index) const;
+
+private:
+    std::vector<Picture> pictures_;
+};
+
+// The lists and the fixed pictures of the program. Each is loaded when it is first asked for.
+const ImageList& BlockImgList();   ///< 204 level tiles of 32 by 32, by tile number
+const ImageList& BadGuysList();    ///< 10 enemies of 35 by 32, by kind + 1
+const ImageList& TBImages();       ///< 10 of 24 by 23, the buttons of MainFrm's toolbar
+const ImageList& WorldImages();    ///< 76 world tiles and link sprites of 32 by 32, by tile number
+const ImageList& WTBImages();      ///< 6 of 24 by 23, the buttons of WorldFrm's toolbar
+
+/// A sheet that holds a single picture, such as "NukImage".
+[[nodiscard]] Picture FixedPicture(std::string_view name);
+
+/// The picture in the file at `path`. Fault 53 if there is none, 481 if the toolkit cannot read it.
+[[nodiscard]] Picture PictureFromFile(const std::string& path);

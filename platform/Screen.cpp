@@ -1,0 +1,83 @@
+#include "platform/Screen.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+
+#include "platform/EventQueue.h"
+#include "platform/Events.h"
+#include "platform/Surface.h"
+#include "platform/TextCoding.h"
+
+Screen::Screen() = default;
+Screen::~Screen() = default;
+
+void Screen::Create(const std::string& name, const std::string& title, int width, int height) {
+    window_ = std::make_unique<Surface>([this] { Close(); });
+    window_->setObjectName(ShownText(name));
+    window_->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+    window_->setFixedSize(width, height);
+    Contain(window_.get(), window_.get());
+    SetTitle(title);
+    loaded_ = true;
+    ScreenLoaded(*this);
+}
+
+void Screen::SetTitle(const std::string& title) { window_->setWindowTitle(ShownText(title)); }
+
+void Screen::Show() {
+    if (loaded_) {
+        window_->show();
+        window_->activateWindow();
+    }
+    shown_ = true;
+}
+
+void Screen::ShowIfNeverShown() {
+    if (!shown_) {
+        Show();
+    }
+}
+
+void Screen::Hide() { window_->hide(); }
+
+void Screen::Close() {
+    if (!std::exchange(loaded_, false)) {
+        return;
+    }
+    if (Unload) {
+        Unload();
+    }
+    window_->hide();
+    ScreenClosed(*this);
+    if (retire_) {
+        DestroyWhenIdle(retire_());
+    }
+}
+
+void Screen::SetEnabled(bool enabled) { window_->takesInput = enabled; }
+
+bool Screen::Enabled() const { return window_->takesInput; }
+
+void Screen::MoveTo(int left, int top) { window_->move(left, top); }
+
+Int16 Screen::Left() const { return window_->pos().x(); }
+
+Int16 Screen::Top() const { return window_->pos().y(); }
+
+void Screen::Restore(Int16 left, Int16 top, bool centreAtZero) {
+    if (centreAtZero && left == 0 && top == 0) {
+        const QSize display = QGuiApplication::primaryScreen()->geometry().size();
+        MoveTo((display.width() - window_->width()) / 2, (display.height() - window_->height()) / 2);
+    } else {
+        MoveTo(left, top);
+    }
+}
+
+void Screen::SetDefaultPointer() { window_->unsetCursor(); }
+
+void Screen::SetHourglass() { window_->setCursor(Qt::WaitCursor); }
+
+void Screen::SetPointer(const Picture& picture) { window_->setCursor(QCursor(*picture.Pixmap())); }
