@@ -33,7 +33,9 @@ void AddNumber(const char* keyword, Int16 number) { LevelText += keyword + std::
 
 void AddFloat(const char* keyword, double number) { LevelText += keyword + DoubleToText(number) + CloseLine; }
 
-void AddString(const char* keyword, const std::string& text) { LevelText += keyword + QuoteChar + text + CloseQuoteLine; }
+void AddString(const char* keyword, const std::string& text) {
+    LevelText += keyword + QuoteChar + text + CloseQuoteLine;
+}
 
 void AddFirstComment() {
     std::string& comment = LevelRecord.LevelComment;

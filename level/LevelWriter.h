@@ -5,13 +5,13 @@
 // Turns LevelRecord into the text of a level file, and puts that text on disk. Also holds the line-end texts
 // that all writers share. Each user of these sets the line ends first; they stay as last set.
 
-extern std::string NL;                    ///< the line end: CR LF or LF
-extern std::string QuoteChar;             ///< one double quote
-extern std::string CloseLine;             ///< ")" and the line end
-extern std::string CloseCloseLine;        ///< "))" and the line end
-extern std::string CloseQuoteLine;        ///< quote, ")" and the line end
-extern std::string CloseCloseQuoteLine;   ///< quote, "))" and CR LF: UseUnixLineEnds leaves this one alone
-extern std::string LevelText;             ///< the text last composed by BuildLevelText
+extern std::string NL;                   ///< the line end: CR LF or LF
+extern std::string QuoteChar;            ///< one double quote
+extern std::string CloseLine;            ///< ")" and the line end
+extern std::string CloseCloseLine;       ///< "))" and the line end
+extern std::string CloseQuoteLine;       ///< quote, ")" and the line end
+extern std::string CloseCloseQuoteLine;  ///< quote, "))" and CR LF: UseUnixLineEnds leaves this one alone
+extern std::string LevelText;            ///< the text last composed by BuildLevelText
 
 void UseDosLineEnds();   ///< CR LF, for text shown on the screen
 void UseUnixLineEnds();  ///< LF, for files

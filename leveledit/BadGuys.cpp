@@ -130,9 +130,9 @@ void MainFrm::BGImg_MouseDown(int Index, int Button) {
 void MainFrm::BGImg_MouseMove(int Index) {
     const Int16 entry = Element(BGSlots, Index).object;
     const BadGuy& badGuy = LevelRecord.objects[entry];
-    Element(BGImg, Index).SetToolTip("BadGuy# " + std::to_string(entry) + ", " + UpperCase(badGuy.name) +
-                                     ", X = " + std::to_string(badGuy.x) + ", Y = " + std::to_string(badGuy.y) +
-                                     StayText(badGuy));
+    Element(BGImg, Index)
+        .SetToolTip("BadGuy# " + std::to_string(entry) + ", " + UpperCase(badGuy.name) +
+                    ", X = " + std::to_string(badGuy.x) + ", Y = " + std::to_string(badGuy.y) + StayText(badGuy));
 }
 
 void MainFrm::BGUImg_Click(int Index) {

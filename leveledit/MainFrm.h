@@ -97,8 +97,8 @@ struct MainFrm {
     Label TotalBGUBox;
     Button DelBadGuyCmd;
 
-    bool Updating = false;      ///< controls are being filled: the check boxes ignore their clicks
-    bool PickingStart = false;  ///< the next click on the map sets the start position
+    bool Updating = false;                ///< controls are being filled: the check boxes ignore their clicks
+    bool PickingStart = false;            ///< the next click on the map sets the start position
     std::array<bool, Sprites> BGBlink{};  ///< the sprite shows the selected bad guy
     int BlinkPhase = 0;                   ///< 0 or 1
     std::array<BGSlot, Sprites> BGSlots;

@@ -55,14 +55,15 @@ constexpr std::array<const char*, 3> TileSets{"All Tiles", "Fav. A", "Fav. B"};
 std::string Member(const char* name, int index) { return std::string(name) + "(" + std::to_string(index) + ")"; }
 
 void MakeMap(MainFrm& form) {
-    form.GridBackBox.Create(form.Window, "GridBackBox",
-                            {MapLeft - MapMargin, MapTop - MapMargin, MapWidth + 2 * MapMargin, MapHeight + 2 * MapMargin});
+    form.GridBackBox.Create(
+        form.Window, "GridBackBox",
+        {MapLeft - MapMargin, MapTop - MapMargin, MapWidth + 2 * MapMargin, MapHeight + 2 * MapMargin});
     form.GridBackBox.SetFill(0x000000);
     for (int i = 0; i < MainFrm::Cells; ++i) {
         ImageCell& cell = Element(form.Img, i);
         cell.Create(form.Window, Member("Img", i),
-                    {MapLeft + CellPitch * (i / MainFrm::ViewRows), MapTop + CellPitch * (i % MainFrm::ViewRows), CellSize,
-                     CellSize});
+                    {MapLeft + CellPitch * (i / MainFrm::ViewRows), MapTop + CellPitch * (i % MainFrm::ViewRows),
+                     CellSize, CellSize});
         cell.MouseDown = [&form, i](int Button, int, int X, int Y) { form.Img_MouseDown(i, Button, X, Y); };
         cell.MouseMove = [&form, i](int, int, int X, int Y) { form.Img_MouseMove(i, X, Y); };
         cell.Click = [&form, i] { form.Img_Click(i); };

@@ -212,9 +212,9 @@ void MainFrm::Img_MouseMove(int Index, int X, int Y) {
     const Int16 x = MapXScroll.Value() + CellColumn(Index);
     const Int16 row = CellRow(Index);
     const Int16 tile = ShownTile(x, row);
-    Element(Img, Index).SetToolTip("Index = " + std::to_string(Index) + ", Column = " + std::to_string(x) +
-                                   ", Row = " + std::to_string(row) + ", Tile # " + std::to_string(tile) +
-                                   TileNote(tile));
+    Element(Img, Index)
+        .SetToolTip("Index = " + std::to_string(Index) + ", Column = " + std::to_string(x) +
+                    ", Row = " + std::to_string(row) + ", Tile # " + std::to_string(tile) + TileNote(tile));
     ColBox.SetCaption(std::to_string(x) + " ");
     RowBox.SetCaption(std::to_string(row) + " ");
     XBox.SetCaption(SingleToText(MapReadOut(x, X)) + " ");

@@ -44,10 +44,11 @@ void MainFrm::LoadLevelDialog() {
 void MainFrm::SaveLevelDialog() {
     try {
         LevelPath = SaveFileDialog(LevelDialog());
-        Window.SetHourglass();
-        YieldToEventQueue();
-        WriteLevelFile(LevelPath);
-        Window.SetDefaultPointer();
+        {
+            const Hourglass busy(Window);
+            YieldToEventQueue();
+            WriteLevelFile(LevelPath);
+        }
         YieldToEventQueue();
     } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
     }
@@ -55,9 +56,10 @@ void MainFrm::SaveLevelDialog() {
 
 void MainFrm::SaveCommand() {
     Window.SetTitle("Saving " + LevelPath + "...");
-    Window.SetHourglass();
-    YieldToEventQueue();
-    WriteLevelFile(LevelPath);
-    Window.SetDefaultPointer();
+    {
+        const Hourglass busy(Window);
+        YieldToEventQueue();
+        WriteLevelFile(LevelPath);
+    }
     Window.SetTitle(TitleText);
 }

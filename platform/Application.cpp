@@ -21,6 +21,7 @@ constexpr int FontPixels = 11;
 QPalette LightPalette() {
     QPalette palette(QColor(0xDC, 0xDC, 0xDC), QColor(0xD4, 0xD4, 0xD4));
     palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xE8, 0xE8, 0xE8));
     palette.setColor(QPalette::Highlight, QColor(0x2F, 0x6F, 0xB5));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xE6));
@@ -30,7 +31,11 @@ QPalette LightPalette() {
 
 }  // namespace
 
+// The pictures are part of a library, and would be left out without a word for them.
+static void InitPictures() { Q_INIT_RESOURCE(pictures); }
+
 void PrepareToolkit() {
+    InitPictures();
     // The toolkit has just set the whole locale; our number texts have a separator of their own.
     UseSystemDecimalSeparator();
     std::setlocale(LC_NUMERIC, "C");

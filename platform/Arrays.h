@@ -14,9 +14,7 @@ public:
     /// All cells 0, for columns 0 to `lastColumn` and rows 0 to `lastRow`. Fault 9 if one of them is negative,
     /// fault 7 if there is no room for so many.
     TileMap(int lastColumn, int lastRow)
-        : columns_(SizeUpTo(lastColumn)),
-          rows_(SizeUpTo(lastRow)),
-          cells_(WithMemoryFaults([&] {
+        : columns_(SizeUpTo(lastColumn)), rows_(SizeUpTo(lastRow)), cells_(WithMemoryFaults([&] {
               return std::vector<Int16>(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_));
           })) {}
 

@@ -127,9 +127,7 @@ void Control::SetEnabled(bool enabled) { widget_->setEnabled(enabled); }
 
 bool Control::Enabled() const { return widget_->isEnabled(); }
 
-void Control::SetToolTip(const std::string& text) {
-    widget_->setToolTip(ShownToolTip(text));
-}
+void Control::SetToolTip(const std::string& text) { widget_->setToolTip(ShownToolTip(text)); }
 
 void Control::SetFocus() { widget_->setFocus(); }
 
@@ -156,8 +154,10 @@ void Label::Create(Container& container, const std::string& name, Place place, c
 }
 
 void Label::SetSunken() {
-    label_->setFrameStyle(int(QFrame::Panel) | int(QFrame::Sunken));
-    label_->setContentsMargins(2, 0, 2, 0);
+    label_->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
+    label_->setMargin(1);
+    label_->setAutoFillBackground(true);
+    label_->setBackgroundRole(QPalette::AlternateBase);
 }
 
 void Label::SetCentred() { label_->setAlignment(Qt::AlignCenter); }
@@ -165,6 +165,7 @@ void Label::SetCentred() { label_->setAlignment(Qt::AlignCenter); }
 void Label::SetCaption(const std::string& caption) {
     caption_ = caption;
     const QString text = ShownText(caption);
+    label_->setAccessibleName(text);  // the whole of it, even where the label is too short
     label_->setText(label_->fontMetrics().elidedText(text, Qt::ElideMiddle, label_->contentsRect().width()));
 }
 
@@ -238,8 +239,8 @@ std::string Button::Caption() const { return TextBytes(button_->text()); }
 
 void ScrollBar::Create(Container& container, const std::string& name, Place place, Direction direction,
                        ScrollRange range) {
-    bar_ = new QScrollBar(direction == Direction::Horizontal ? Qt::Horizontal : Qt::Vertical,
-                          container.ContainerWidget());
+    bar_ =
+        new QScrollBar(direction == Direction::Horizontal ? Qt::Horizontal : Qt::Vertical, container.ContainerWidget());
     bar_->setRange(range.minimum, range.maximum);
     bar_->setPageStep(range.largeChange);
     bar_->setValue(range.value);

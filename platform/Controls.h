@@ -86,7 +86,7 @@ private:
 /// A box for text. Writes back in the encoding that it was filled with.
 class TextBox : public Control {
 public:
-    std::function<void()> Change;                   ///< at every change of the text
+    std::function<void()> Change;                ///< at every change of the text
     std::function<bool(int KeyAscii)> KeyPress;  ///< for every key that gives a character; true lets it pass
 
     void Create(Container& container, const std::string& name, Place place);

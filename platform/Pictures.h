@@ -38,11 +38,11 @@ private:
 };
 
 // The lists and the fixed pictures of the program. Each is loaded when it is first asked for.
-const ImageList& BlockImgList();   ///< 204 level tiles of 32 by 32, by tile number
-const ImageList& BadGuysList();    ///< 10 enemies of 35 by 32, by kind + 1
-const ImageList& TBImages();       ///< 10 of 24 by 23, the buttons of MainFrm's toolbar
-const ImageList& WorldImages();    ///< 76 world tiles and link sprites of 32 by 32, by tile number
-const ImageList& WTBImages();      ///< 6 of 24 by 23, the buttons of WorldFrm's toolbar
+const ImageList& BlockImgList();  ///< 204 level tiles of 32 by 32, by tile number
+const ImageList& BadGuysList();   ///< 10 enemies of 35 by 32, by kind + 1
+const ImageList& TBImages();      ///< 10 of 24 by 23, the buttons of MainFrm's toolbar
+const ImageList& WorldImages();   ///< 76 world tiles and link sprites of 32 by 32, by tile number
+const ImageList& WTBImages();     ///< 6 of 24 by 23, the buttons of WorldFrm's toolbar
 
 /// A sheet that holds a single picture, such as "NukImage".
 [[nodiscard]] Picture FixedPicture(std::string_view name);

@@ -62,6 +62,18 @@ private:
     bool shown_ = false;
 };
 
+/// Shows the hourglass on a screen for as long as it lives.
+class Hourglass {
+public:
+    explicit Hourglass(Screen& screen) : screen_(screen) { screen_.SetHourglass(); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass() { screen_.SetDefaultPointer(); }
+
+private:
+    Screen& screen_;
+};
+
 /// Holds the one instance of a screen: made at its first use, gone after it has closed. `Form` has a member
 /// `Window` of type Screen and a routine `Load()` that makes the controls and does what opening them needs.
 template <typename Form>

@@ -8,10 +8,10 @@
 namespace {
 
 /// The characters at 0x80 to 0x9F; the five places without one keep the control character of that code.
-constexpr std::array<char16_t, 32> Windows1252Extras{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<char16_t, 32> Windows1252Extras{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 constexpr int FirstExtra = 0x80;
 constexpr int FirstBehindExtras = 0xA0;
@@ -41,8 +41,9 @@ char Windows1252Byte(QChar character) {
 }  // namespace
 
 TextEncoding EncodingOf(const std::string& bytes) {
-    return FromUtf8(bytes).toUtf8() == QByteArrayView(bytes.data(), qsizetype(bytes.size())) ? TextEncoding::Utf8
-                                                                                            : TextEncoding::Windows1252;
+    return FromUtf8(bytes).toUtf8() == QByteArrayView(bytes.data(), qsizetype(bytes.size()))
+               ? TextEncoding::Utf8
+               : TextEncoding::Windows1252;
 }
 
 QString ShownText(const std::string& bytes) {

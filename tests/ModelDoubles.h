@@ -9,8 +9,8 @@
 /// What the model told the screens, and what the event queue does when the model yields.
 struct ModelDoubles {
     Int16 mapXScrollMax;
-    std::vector<std::string> calls;      ///< other calls through the door, in order
-    std::function<void()> onYield;       ///< runs at every yield while set
+    std::vector<std::string> calls;  ///< other calls through the door, in order
+    std::function<void()> onYield;   ///< runs at every yield while set
 };
 
 extern ModelDoubles doubles;

@@ -18,13 +18,13 @@ struct ScriptedDialogs {
         bool operator==(const Message&) const = default;
     };
 
-    std::vector<Message> messages;           ///< all message boxes shown
-    std::deque<int> answers;                 ///< for the next message boxes; AnswerOk when used up
-    std::deque<std::string> inputs;          ///< for the next input boxes; empty when used up
+    std::vector<Message> messages;             ///< all message boxes shown
+    std::deque<int> answers;                   ///< for the next message boxes; AnswerOk when used up
+    std::deque<std::string> inputs;            ///< for the next input boxes; empty when used up
     std::vector<FileDialogSetup> fileDialogs;  ///< all file dialogs shown
-    std::deque<std::string> files;           ///< for the next file dialogs; cancelled when used up
-    std::optional<FaultNumber> fatalFault;   ///< the fault that would have ended the process
-    bool ended = false;                      ///< the process would have ended without a fault
+    std::deque<std::string> files;             ///< for the next file dialogs; cancelled when used up
+    std::optional<FaultNumber> fatalFault;     ///< the fault that would have ended the process
+    bool ended = false;                        ///< the process would have ended without a fault
 };
 
 /// The script in force. A test assigns {} to start afresh.

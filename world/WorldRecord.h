@@ -17,10 +17,10 @@ inline constexpr std::array<std::string_view, 6> LinkTypeTable{"",        "Comme
 /// A cell of the map that leads to a level, shows a message or teleports. A flag text is the letter behind
 /// "#" in the file ("t" or "f"), or empty for a flag that the file does not hold.
 struct WorldLink {
-    Int16 type;           ///< a WorldLinkType
-    std::string comment;  ///< type 1
-    std::string name;     ///< type 2, level path relative to the levels' folder
-    std::string message;  ///< types 3 and 4
+    Int16 type;                        ///< a WorldLinkType
+    std::string comment;               ///< type 1
+    std::string name;                  ///< type 2, level path relative to the levels' folder
+    std::string message;               ///< types 3 and 4
     std::string extro_filename;        ///< type 2
     std::string invisible_teleporter;  ///< type 5, flag
     std::string apply_action_up;       ///< type 3, flag
