@@ -1,5 +1,7 @@
 #include "level/LevelReader.h"
 
+#include <algorithm>
+
 #include "level/InfoFile.h"
 #include "tests/Golden.h"
 #include "tests/ModelTest.h"
@@ -11,6 +13,19 @@ protected:
     static std::vector<ScriptedDialogs::Message> FileError() {
         return {{"File Specified Not Found!\r\nPlease choose another file.", "NUK File Read Error", MessageButtons::Ok,
                  MessageIcon::Stop}};
+    }
+
+    /// The first lines in which two texts differ; empty if they are equal to the byte.
+    static std::string FirstDifference(const std::string& written, const std::string& expected) {
+        const auto at = std::mismatch(written.begin(), written.end(), expected.begin(), expected.end());
+        if (at.first == written.end() && at.second == expected.end()) {
+            return "";
+        }
+        const auto lineAt = [](const std::string& text, std::string::const_iterator place) {
+            const auto from = text.rfind('\n', static_cast<std::size_t>(place - text.begin()));
+            return text.substr(from == std::string::npos ? 0 : from, 120);
+        };
+        return "written " + lineAt(written, at.first) + "\nexpected " + lineAt(expected, at.second);
     }
 
     /// A body of these lines, with DOS line ends, which need no least length.
@@ -27,7 +42,7 @@ TEST_F(LevelReaderTest, GoldenFolders) {
         EXPECT_TRUE(dialogs.messages.empty()) << golden;
         EXPECT_EQ(LevelLoaded, True) << golden;
         WriteLevelFile(PathOf("written.fbl"));
-        EXPECT_EQ(FileBytes(PathOf("written.fbl")), FileBytes(golden / "expected.fbl")) << golden;
+        EXPECT_EQ(FirstDifference(FileBytes(PathOf("written.fbl")), FileBytes(golden / "expected.fbl")), "") << golden;
     }
 }
 
