@@ -407,12 +407,11 @@ protected:
 };
 
 TEST_F(RunTest, AllIsFoundAsItWasLeft) {
+    Start();
+    EXPECT_EQ(std::filesystem::file_size(preferences), 0U);
     MakeLevel(60);
     const std::string path = (folder / "level1.fbl").string();
     WriteLevelFile(path);
-    LevelPath = "";
-    Start();
-    EXPECT_EQ(std::filesystem::file_size(preferences), 0U);
     dialogs.files = {path};
     ClickOn(Main, "TB(2)");
     ClickOn(Main, "LayerOption(2)");
