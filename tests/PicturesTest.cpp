@@ -61,8 +61,10 @@ std::vector<QImage> CutUp(const Sheet& sheet, int zoom) {
     const int width = sheet.width * zoom;
     const int height = sheet.height * zoom;
     std::vector<QImage> pictures;
-    for (int i = 0; i < sheet.count; ++i)
+    pictures.reserve(sheet.count);
+    for (int i = 0; i < sheet.count; ++i) {
         pictures.push_back(whole.copy(i % Columns * width, i / Columns * height, width, height));
+    }
     return pictures;
 }
 
@@ -74,15 +76,22 @@ int Difference(QRgb a, QRgb b) {
 
 int DifferingPixels(const QImage& a, const QImage& b, int tolerance) {
     int count = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x) count += Difference(a.pixel(x, y), b.pixel(x, y)) > tolerance;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            count += static_cast<int>(Difference(a.pixel(x, y), b.pixel(x, y)) > tolerance);
+        }
+    }
     return count;
 }
 
 bool IsOpaque(const QImage& picture) {
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            if (qAlpha(picture.pixel(x, y)) != 255) return false;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qAlpha(picture.pixel(x, y)) != 255) {
+                return false;
+            }
+        }
+    }
     return true;
 }
 
@@ -94,15 +103,19 @@ std::vector<QRgb> EdgeLine(const QImage& picture, Side side, bool fromEnd, int d
     const int length = side == Side::Right ? picture.width() : picture.height();
     const int at = fromEnd ? length - 1 - depth : depth;
     std::vector<QRgb> line;
-    for (int i = 0; i < (side == Side::Right ? picture.height() : picture.width()); ++i)
+    line.reserve((side == Side::Right ? picture.height() : picture.width()));
+    for (int i = 0; i < (side == Side::Right ? picture.height() : picture.width()); ++i) {
         line.push_back(side == Side::Right ? picture.pixel(at, i) : picture.pixel(i, at));
+    }
     return line;
 }
 
 // How much changes from one line of pixels to the next.
 int Step(const std::vector<QRgb>& a, const std::vector<QRgb>& b) {
     int sum = 0;
-    for (std::size_t i = 0; i < a.size(); ++i) sum += Difference(a[i], b[i]);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        sum += Difference(a[i], b[i]);
+    }
     return sum;
 }
 
@@ -119,27 +132,34 @@ struct Pattern {
 class Joins {
 public:
     explicit Joins(const Sheet& sheet) {
-        for (int zoom : Zooms) pictures.push_back(CutUp(sheet, zoom));
+        for (int zoom : Zooms) {
+            pictures_.push_back(CutUp(sheet, zoom));
+        }
     }
 
     void Check(const Pattern& pattern) const {
-        for (std::size_t y = 0; y < pattern.rows.size(); ++y)
+        for (std::size_t y = 0; y < pattern.rows.size(); ++y) {
             for (std::size_t x = 0; x < pattern.rows[y].size(); ++x) {
-                if (x + 1 < pattern.rows[y].size())
+                if (x + 1 < pattern.rows[y].size()) {
                     CheckPair(pattern.name, pattern.rows[y][x], pattern.rows[y][x + 1], Side::Right);
-                if (y + 1 < pattern.rows.size() && x < pattern.rows[y + 1].size())
+                }
+                if (y + 1 < pattern.rows.size() && x < pattern.rows[y + 1].size()) {
                     CheckPair(pattern.name, pattern.rows[y][x], pattern.rows[y + 1][x], Side::Below);
+                }
             }
+        }
     }
 
 private:
     void CheckPair(const char* name, int first, int second, Side side) const {
-        if (first == 0 || second == 0) return;
+        if (first == 0 || second == 0) {
+            return;
+        }
         for (int zoom : Zooms) {
             SCOPED_TRACE(std::string(name) + ": " + std::to_string(second) +
                          (side == Side::Right ? " right of " : " below ") + std::to_string(first) + " at " +
                          std::to_string(zoom) + "x");
-            CheckEdge(pictures[zoom - 1][first - 1], pictures[zoom - 1][second - 1], side);
+            CheckEdge(pictures_[zoom - 1][first - 1], pictures_[zoom - 1][second - 1], side);
         }
     }
 
@@ -153,7 +173,7 @@ private:
         EXPECT_LE(Step(a, b), beside + beside / 3 + tolerance);
     }
 
-    std::vector<std::vector<QImage>> pictures;  // by zoom - 1, then by number - 1
+    std::vector<std::vector<QImage>> pictures_;  // by zoom - 1, then by number - 1
 };
 
 // A ground set: nine pieces of a block, four inner corners, and a column of one tile's width.
@@ -249,13 +269,13 @@ const Pattern WorldPatterns[] = {
 
 }  // namespace
 
-class Pictures : public ::testing::Test {
+class PicturesTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() { Q_INIT_RESOURCE(pictures); }
 };
 
-TEST_F(Pictures, SheetsHoldTheirCellsAtBothScales) {
-    for (const Sheet& sheet : Sheets)
+TEST_F(PicturesTest, SheetsHoldTheirCellsAtBothScales) {
+    for (const Sheet& sheet : Sheets) {
         for (int zoom : Zooms) {
             const QImage whole = LoadSheet(sheet, zoom);
             const int columns = std::min(sheet.count, Columns);
@@ -263,58 +283,74 @@ TEST_F(Pictures, SheetsHoldTheirCellsAtBothScales) {
             EXPECT_EQ(whole.width(), columns * sheet.width * zoom) << sheet.name << " at " << zoom << "x";
             EXPECT_EQ(whole.height(), rows * sheet.height * zoom) << sheet.name << " at " << zoom << "x";
         }
+    }
 }
 
-TEST_F(Pictures, NoCellIsLeftEmpty) {
+TEST_F(PicturesTest, NoCellIsLeftEmpty) {
     for (const Sheet& sheet : Sheets) {
         const std::vector<QImage> pictures = CutUp(sheet, 1);
         QImage nothing(sheet.width, sheet.height, QImage::Format_ARGB32_Premultiplied);
         nothing.fill(Qt::transparent);
-        for (int i = 0; i < sheet.count; ++i)
+        for (int i = 0; i < sheet.count; ++i) {
             EXPECT_GT(DifferingPixels(pictures[i], nothing, 40), sheet.width) << sheet.name << " " << i + 1;
+        }
     }
 }
 
-TEST_F(Pictures, NoTwoOfAListAreAlike) {
+TEST_F(PicturesTest, NoTwoOfAListAreAlike) {
     for (const Sheet& sheet : Sheets) {
         const std::vector<QImage> pictures = CutUp(sheet, 1);
         const int needed = sheet.width * sheet.height / 50;
-        for (int i = 0; i < sheet.count; ++i)
-            for (int j = i + 1; j < sheet.count; ++j)
+        for (int i = 0; i < sheet.count; ++i) {
+            for (int j = i + 1; j < sheet.count; ++j) {
                 EXPECT_GE(DifferingPixels(pictures[i], pictures[j], 24), needed)
                     << sheet.name << " " << i + 1 << " and " << j + 1;
+            }
+        }
     }
 }
 
 // Opaque pictures are the cheap ones to paint: the inside of the ground, its open edges and all tiles of the world.
-TEST_F(Pictures, GroundIsOpaque) {
+TEST_F(PicturesTest, GroundIsOpaque) {
     for (int zoom : Zooms) {
         const std::vector<QImage> tiles = CutUp(Blocks, zoom);
         std::vector<int> numbers = {26, 29, 30, 31, 32, 77, 78, 79, 80, 98, 100, 131, 140, 149, 159, 204};
-        for (const GroundSet& set : GroundSets)
+        for (const GroundSet& set : GroundSets) {
             for (int n : {set.top, set.left, set.centre, set.right, set.bottom, set.columnMiddle, set.innerTopLeft,
-                          set.innerTopRight, set.innerBottomLeft, set.innerBottomRight})
+                          set.innerTopRight, set.innerBottomLeft, set.innerBottomRight}) {
                 numbers.push_back(n);
-        for (int n : numbers) EXPECT_TRUE(IsOpaque(tiles[n - 1])) << "tile " << n << " at " << zoom << "x";
+            }
+        }
+        for (int n : numbers) {
+            EXPECT_TRUE(IsOpaque(tiles[n - 1])) << "tile " << n << " at " << zoom << "x";
+        }
 
         const std::vector<QImage> world = CutUp(World, zoom);
-        for (int n = 1; n <= 71; ++n)
+        for (int n = 1; n <= 71; ++n) {
             EXPECT_TRUE(IsOpaque(world[n - 1])) << "world tile " << n << " at " << zoom << "x";
+        }
     }
 }
 
-TEST_F(Pictures, GroundSetsJoinInAllDirections) {
+TEST_F(PicturesTest, GroundSetsJoinInAllDirections) {
     const Joins joins(Blocks);
-    for (const GroundSet& set : GroundSets)
-        for (const Pattern& pattern : PatternsOf(set)) joins.Check(pattern);
+    for (const GroundSet& set : GroundSets) {
+        for (const Pattern& pattern : PatternsOf(set)) {
+            joins.Check(pattern);
+        }
+    }
 }
 
-TEST_F(Pictures, LevelShapesJoin) {
+TEST_F(PicturesTest, LevelShapesJoin) {
     const Joins joins(Blocks);
-    for (const Pattern& pattern : LevelPatterns) joins.Check(pattern);
+    for (const Pattern& pattern : LevelPatterns) {
+        joins.Check(pattern);
+    }
 }
 
-TEST_F(Pictures, WorldShapesJoin) {
+TEST_F(PicturesTest, WorldShapesJoin) {
     const Joins joins(World);
-    for (const Pattern& pattern : WorldPatterns) joins.Check(pattern);
+    for (const Pattern& pattern : WorldPatterns) {
+        joins.Check(pattern);
+    }
 }
