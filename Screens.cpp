@@ -18,8 +18,10 @@ void LoadMainFrm() { mainFrm.Load(); }
 void ShowMainFrm() { mainFrm.Load().Window.Show(); }
 void EnableMainFrm(bool enabled) { mainFrm.Load().Window.SetEnabled(enabled); }
 void SetMainFrmBusy(bool busy) {
-    EnableMainFrm(!busy);
-    busy ? mainFrm.Load().Window.SetHourglass() : mainFrm.Load().Window.SetDefaultPointer();
+    if (MainFrm* form = mainFrm.Loaded()) {  // a side screen may outlive it, and must not bring it back
+        form->Window.SetEnabled(!busy);
+        busy ? form->Window.SetHourglass() : form->Window.SetDefaultPointer();
+    }
 }
 void ClearBadGuySlots() { mainFrm.Load().ClearBGSlots(); }
 void SetMapXScrollMax(Int16 maximum) { mainFrm.Load().MapXScroll.SetMax(maximum); }
