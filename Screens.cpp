@@ -12,6 +12,13 @@ ScreenHolder<VarsFrm> varsFrm;
 ScreenHolder<BackGndFrm> backGndFrm;
 ScreenHolder<NewInfoFrm> newInfoFrm;
 
+template <typename Form>
+void ShowAbove(const Screen& other, ScreenHolder<Form>& holder) {
+    Screen& window = holder.Load().Window;
+    window.KeepAbove(other);
+    window.Show();
+}
+
 }  // namespace
 
 void LoadMainFrm() { mainFrm.Load(); }
@@ -30,11 +37,11 @@ void UpdateDisplay() { mainFrm.Load().UpdateDisplay(); }
 
 void OpenVarsFrm() {
     SetMainFrmBusy(true);
-    varsFrm.Load().Window.Show();
+    ShowAbove(mainFrm.Load().Window, varsFrm);
 }
 void EnableVarsFrm(bool enabled) { varsFrm.Load().Window.SetEnabled(enabled); }
-void OpenBackGndFrm() { backGndFrm.Load().Window.Show(); }
-void OpenNewInfoFrm() { newInfoFrm.Load().Window.Show(); }
+void OpenBackGndFrm() { ShowAbove(varsFrm.Load().Window, backGndFrm); }
+void OpenNewInfoFrm() { ShowAbove(mainFrm.Load().Window, newInfoFrm); }
 
 // The screen to come: until then the right button only selects.
 void OpenBadGuyEditor() { EnableMainFrm(true); }

@@ -16,7 +16,7 @@ bool EndsInPng(const std::string& path) { return LowerCase(path).ends_with("png"
 
 void BackGndFrm::MakeControls() {
     constexpr int Width = 556;
-    constexpr int Height = 330;
+    constexpr int Height = 306;
     constexpr Place Preview{220, 12, 324, 243};
     Window.Create("BackGndFrm", "Level Background - Select Desired Background Picture", Width, Height);
     Window.Unload = [this] { Unload(); };

@@ -131,8 +131,8 @@ void MakeReadOnly(VarsFrm& form, Label& label, const char* name, int row, const 
 
 void MakeEndingScroll(VarsFrm& form, Label& label, ScrollBar& bar, const char* labelName, const char* barName,
                       int top) {
-    label.Create(form.Frame1, labelName, {250, top, 80, 18}, labelName);
-    bar.Create(form.Frame1, barName, {342, top, 176, 17}, Direction::Horizontal, {});
+    label.Create(form.Frame1, labelName, {RightCaption - LeftCaption, top, 76, 20}, labelName);
+    bar.Create(form.Frame1, barName, {RightBox - LeftCaption, top + 1, 176, 17}, Direction::Horizontal, {});
     bar.SetAccessibleName(labelName);
 }
 
@@ -146,12 +146,12 @@ void MakeEndingFrame(VarsFrm& form) {
     form.IglooCheck.Create(form.Frame1, "IglooCheck", {12, 50, 100, 20}, "Add Igloo");
     form.IglooCheck.SetToolTip(when);
     form.IglooCheck.Click = [&form] { form.IglooCheck_Click(); };
-    form.Label25.Create(form.Frame1, "Label25", {118, 22, 110, 18}, "Ending Floor Tile");
+    form.Label25.Create(form.Frame1, "Label25", {118, 22, 110, 20}, "Ending Floor Tile");
     form.FloorImg.Create(form.Frame1, "FloorImg", {118, 44, 32, 32});
     form.FloorImg.SetToolTip("Click to use thbe Current Selected Tile");
     form.FloorImg.Click = [&form] { form.FloorImg_Click(); };
     MakeEndingScroll(form, form.EndSeqBox, form.SeqScroll, "EndSeqBox", "SeqScroll", 22);
-    MakeEndingScroll(form, form.EndFinalBox, form.FinalScroll, "EndFinalBox", "FinalScroll", 51);
+    MakeEndingScroll(form, form.EndFinalBox, form.FinalScroll, "EndFinalBox", "FinalScroll", 50);
 }
 
 }  // namespace

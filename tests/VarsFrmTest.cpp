@@ -1,5 +1,9 @@
 #include <QCursor>
+#include <QTimer>
+#include <QWindow>
+#include <chrono>
 #include <functional>
+#include <thread>
 
 #include "core/Screens.h"
 #include "core/SharedState.h"
@@ -146,6 +150,31 @@ TEST_F(VarsFrmTest, EnterShowsTheRecordAgain) {
     EXPECT_EQ(TextOf(Vars, "EndCommentBox"), ";; last");
 }
 
+// A refresh yields before it fills the boxes: what is typed just then belongs to no field, and is overwritten.
+TEST_F(VarsFrmTest, TypingIntoARefreshIsLost) {
+    FillRecord();
+    OpenVarsFrm();
+    bool typed = false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // the next yield looks at the queue again
+    QTimer::singleShot(0, [&] {
+        TypeInto(Vars, "AuthorBox", "x");
+        TypeInto(Vars, "WidthBox", "30");
+        ClickOn(Vars, "BackScrollCheck");
+        ClickOn(Vars, "AddEndCheck");
+        ClickOn(Vars, "ThemeBox");
+        typed = true;
+    });
+    const Level before = LevelRecord;
+    PressKey(Vars, "WidthBox", Qt::Key_Return);
+    EXPECT_TRUE(typed);
+    EXPECT_TRUE(LevelRecord == before);
+    EXPECT_EQ(PrefsRecord.AddEndState, 0);
+    EXPECT_EQ(TextOf(Vars, "AuthorBox"), "ANNA");
+    EXPECT_EQ(TextOf(Vars, "WidthBox"), "120");
+    EXPECT_TRUE(IsTicked(Vars, "BackScrollCheck"));
+    EXPECT_FALSE(IsTicked(Vars, "AddEndCheck"));
+}
+
 TEST_F(VarsFrmTest, ClicksStepTheRings) {
     struct Ring {
         const char* label;
@@ -262,6 +291,7 @@ TEST_F(VarsFrmTest, MainFrmRestsWhileItIsOpen) {
     ASSERT_TRUE(IsOpen(Vars));
     EXPECT_FALSE(WindowOf("MainFrm").takesInput);
     EXPECT_EQ(WindowOf("MainFrm").cursor().shape(), Qt::WaitCursor);
+    EXPECT_EQ(WindowOf(Vars).windowHandle()->transientParent(), WindowOf("MainFrm").windowHandle());
     CloseScreen("MainFrm");
     ClickOn("MainFrm", "TB(17)");
     EXPECT_TRUE(IsOpen("MainFrm"));
