@@ -1,19 +1,47 @@
 #include "core/Screens.h"
 
 #include "leveledit/MainFrm.h"
+#include "sidescreens/BackGndFrm.h"
+#include "sidescreens/NewInfoFrm.h"
+#include "sidescreens/VarsFrm.h"
 
 namespace {
 
 ScreenHolder<MainFrm> mainFrm;
+ScreenHolder<VarsFrm> varsFrm;
+ScreenHolder<BackGndFrm> backGndFrm;
+ScreenHolder<NewInfoFrm> newInfoFrm;
+
+template <typename Form>
+void ShowAbove(const Screen& other, ScreenHolder<Form>& holder) {
+    Screen& window = holder.Load().Window;
+    window.KeepAbove(other);
+    window.Show();
+}
 
 }  // namespace
 
 void LoadMainFrm() { mainFrm.Load(); }
 void ShowMainFrm() { mainFrm.Load().Window.Show(); }
 void EnableMainFrm(bool enabled) { mainFrm.Load().Window.SetEnabled(enabled); }
+void SetMainFrmBusy(bool busy) {
+    if (MainFrm* form = mainFrm.Loaded()) {  // a side screen may outlive it, and must not bring it back
+        form->Window.SetEnabled(!busy);
+        busy ? form->Window.SetHourglass() : form->Window.SetDefaultPointer();
+    }
+}
+void ClearBadGuySlots() { mainFrm.Load().ClearBGSlots(); }
 void SetMapXScrollMax(Int16 maximum) { mainFrm.Load().MapXScroll.SetMax(maximum); }
 void ShowFileName(const std::string& text) { mainFrm.Load().FileNameBox.SetCaption(text); }
 void UpdateDisplay() { mainFrm.Load().UpdateDisplay(); }
+
+void OpenVarsFrm() {
+    SetMainFrmBusy(true);
+    ShowAbove(mainFrm.Load().Window, varsFrm);
+}
+void EnableVarsFrm(bool enabled) { varsFrm.Load().Window.SetEnabled(enabled); }
+void OpenBackGndFrm() { ShowAbove(varsFrm.Load().Window, backGndFrm); }
+void OpenNewInfoFrm() { ShowAbove(mainFrm.Load().Window, newInfoFrm); }
 
 // The screen to come: until then the right button only selects.
 void OpenBadGuyEditor() { EnableMainFrm(true); }
