@@ -87,4 +87,4 @@ void Screen::SetDefaultPointer() { window_->unsetCursor(); }
 
 void Screen::SetHourglass() { window_->setCursor(Qt::WaitCursor); }
 
-void Screen::SetPointer(const Picture& picture) { window_->setCursor(QCursor(*picture.Pixmap())); }
+void Screen::SetPointer(const Picture& picture) { window_->setCursor(QCursor(*picture.Pixmap(), 1, 1)); }

@@ -50,6 +50,8 @@ public:
 
     void SetDefaultPointer();
     void SetHourglass();
+
+    /// A pointer of the given picture that points with its upper left corner.
     void SetPointer(const Picture& picture);
 
     /// What gives up the object that holds this screen once it has closed; the platform destroys that when no

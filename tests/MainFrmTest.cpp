@@ -457,6 +457,7 @@ TEST_F(RunTest, AFailedLoadAsksForAnotherLevel) {
     Close();
     dialogs.answers = {AnswerOk, AnswerCancel};
     PrefsRecord.SavedScroll = 0;
+    dialogs.endThrows = true;
     EXPECT_THROW(Start(), ProcessEnded);
     LoadPreferences();
     EXPECT_EQ(LevelPath, (folder / "gone.fbl").string());
