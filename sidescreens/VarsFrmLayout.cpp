@@ -48,9 +48,9 @@ constexpr std::array<Caption, VarsFrm::FixedLabels> Captions{{
 }};
 
 struct TextBoxLayout {
-    TextBox VarsFrm::*box;
-    const char* name;
-    const char* accessibleName;
+    TextBox VarsFrm::*box = nullptr;
+    const char* name = "";
+    const char* accessibleName = "";
     Place place;
     const char* toolTip = "";
 };

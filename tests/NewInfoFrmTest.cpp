@@ -97,12 +97,15 @@ TEST_F(NewInfoFrmTest, ASetIsMadeFromTheToolbar) {
 }
 
 TEST_F(NewInfoFrmTest, ClosingTheLastScreenEndsTheProcessInTheWait) {
-    Ask([] {
-        CloseScreen("MainFrm");
-        EXPECT_FALSE(dialogs.ended);
-        CloseScreen(Info);
-    });
-    EXPECT_TRUE(dialogs.ended);
+    bool waitsWithoutMainFrm = false;
+    EXPECT_THROW((void)Ask([&] {
+                     CloseScreen("MainFrm");
+                     DeliverEvents();
+                     waitsWithoutMainFrm = IsOpen(Info);
+                     CloseScreen(Info);
+                 }),
+                 ProcessEnded);
+    EXPECT_TRUE(waitsWithoutMainFrm);
 }
 
 }  // namespace
