@@ -14,6 +14,9 @@ void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the ma
 void ShowFileName(const std::string& text);  ///< puts `text` into FileNameBox
 void UpdateDisplay();                        ///< redraws the whole screen from the records
 void EnableMainFrm(bool enabled);            ///< whether it takes input
+void SetMainFrmBusy(bool busy);              ///< hourglass and no input, or default pointer and input
 
 // The side screens.
 void OpenBadGuyEditor();  ///< the properties of SelectedBadGuy
+void OpenHelpFrm();
+void OpenNukTextFrm();  ///< the texts of the level and of its INFO file

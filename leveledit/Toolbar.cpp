@@ -18,6 +18,14 @@ void MainFrm::TB_ButtonClick(int Position) {
         case 2: LoadLevelDialog(); break;
         case 7: SaveCommand(); break;
         case 8: SaveLevelDialog(); break;
+        case 11:
+            SetMainFrmBusy(true);
+            OpenNukTextFrm();
+            break;
+        case 15:
+            EnableMainFrm(false);
+            OpenHelpFrm();
+            break;
         case 17: Window.Close(); break;
         default: break;
     }
