@@ -25,6 +25,8 @@ constexpr std::array<Substitute, 7> Preferred{{
 /// Where a symbol is taken from when the text itself has the preferred one: the characters for private use.
 constexpr char16_t FirstPrivate = u'\uE000';
 
+constexpr int TabStop = 8;  // average characters
+
 const QString& LineBreak() {
     static const QString lineBreak = QStringLiteral("\r\n");
     return lineBreak;
@@ -64,6 +66,7 @@ void TextArea::Create(Container& container, const std::string& name, Place place
         font.setPixelSize(edit_->font().pixelSize());
         edit_->setFont(font);
     }
+    edit_->setTabStopDistance(TabStop * edit_->fontMetrics().averageCharWidth());
     QObject::connect(edit_, &QPlainTextEdit::textChanged, edit_, [this] {
         if (Change) {
             RunHandler(Change);
