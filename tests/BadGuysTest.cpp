@@ -19,13 +19,14 @@ class BadGuysTest : public ScreenTest {
 protected:
     /// MainFrm in mode `mode`, with a level of `width` columns and `count` spikys, entry i at (32 * i + 1, 64).
     static void Open(int mode, int count, int width = 120) {
+        CurrentMode = mode;
+        LoadMainFrm();
+        ShowMainFrm();
         MakeLevel(width);
         for (int i = 1; i <= count; ++i) {
             Add({Spiky, "spiky", 32 * i + 1, 64, 0});
         }
-        CurrentMode = mode;
-        LoadMainFrm();
-        ShowMainFrm();
+        UpdateDisplay();
     }
 
     static void Add(const BadGuy& badGuy) {
@@ -161,14 +162,14 @@ TEST_F(BadGuysTest, ARowSelectsAndScrollsTheMapToIt) {
         int x;
         int scrollAfter;
     } cases[] = {
-        {0, 17 * 32, 0},         // the last column in view
-        {0, 18 * 32, 10},        // the ninth column from the left
-        {0, 18 * 32 - 16, 10},   // a half rounds to the even column
-        {0, 17 * 32 - 16, 0},    // and so down here
-        {10, 10 * 32, 10},       // the first column in view
-        {10, 9 * 32, 1},         // the one before it
-        {10, 3 * 32, 0},         // near the left end
-        {0, 59 * 32, 60 - 18},   // near the right end
+        {0, 17 * 32, 0},        // the last column in view
+        {0, 18 * 32, 10},       // the ninth column from the left
+        {0, 18 * 32 - 16, 10},  // a half rounds to the even column
+        {0, 17 * 32 - 16, 0},   // and so down here
+        {10, 10 * 32, 10},      // the first column in view
+        {10, 9 * 32, 1},        // the one before it
+        {10, 3 * 32, 0},        // near the left end
+        {0, 59 * 32, 60 - 18},  // near the right end
     };
     for (const auto& c : cases) {
         LevelRecord.objects[1].x = c.x;

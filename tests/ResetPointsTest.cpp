@@ -16,10 +16,11 @@ std::string Img(int column, int row) { return "Img(" + std::to_string(column * 1
 class ResetPointsTest : public ScreenTest {
 protected:
     static void Open(int layer = 0) {
-        MakeLevel(120);
         CurrentLayer = layer;
         LoadMainFrm();
         ShowMainFrm();
+        MakeLevel(120);
+        UpdateDisplay();
         CurrentTile = ResetPointTile;
     }
 

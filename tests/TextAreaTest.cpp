@@ -53,7 +53,8 @@ TEST_F(TextAreaTest, GivesBackEveryByte) {
         "breaks of their own \u2028 \u2029 \uFDD0 \uFDD1 \u0085",
         "symbols that were there \u240A\u240D\u2400\u00B6\uE000 beside \n \r \0 \u2029"s,
         "symbols alone \u240A\u240D\u2400\u2424\uFFFD",
-        "\xEF\xBB\xBF" "a byte order mark",
+        "\xEF\xBB\xBF"
+        "a byte order mark",
     };
     for (const std::string& text : texts) {
         Area.SetText(text);
