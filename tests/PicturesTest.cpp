@@ -18,11 +18,11 @@ namespace {
 struct Sheet {
     const char* name;
     int count;
-    int width;   // of one picture, in pixels at 1x
+    int width;  // of one picture, in pixels at 1x
     int height;
 };
 
-constexpr int Columns = 16;   // cells in a row of a sheet
+constexpr int Columns = 16;  // cells in a row of a sheet
 
 constexpr Sheet Blocks{"BlockImgList", 204, 32, 32};
 constexpr Sheet World{"WorldImages", 76, 32, 32};
@@ -49,47 +49,49 @@ constexpr Sheet Sheets[] = {
 
 constexpr int Zooms[] = {1, 2};
 
-QImage LoadSheet(const Sheet& sheet, int zoom)
-{
+QImage LoadSheet(const Sheet& sheet, int zoom) {
     const QString suffix = zoom == 1 ? QString() : QStringLiteral("@%1x").arg(zoom);
     return QImage(QStringLiteral(":/pictures/%1%2.png").arg(QLatin1String(sheet.name), suffix))
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 // The pictures of a list; element 0 is picture 1.
-std::vector<QImage> CutUp(const Sheet& sheet, int zoom)
-{
+std::vector<QImage> CutUp(const Sheet& sheet, int zoom) {
     const QImage whole = LoadSheet(sheet, zoom);
     const int width = sheet.width * zoom;
     const int height = sheet.height * zoom;
     std::vector<QImage> pictures;
-    for (int i = 0; i < sheet.count; ++i)
+    pictures.reserve(sheet.count);
+    for (int i = 0; i < sheet.count; ++i) {
         pictures.push_back(whole.copy(i % Columns * width, i / Columns * height, width, height));
+    }
     return pictures;
 }
 
 // The largest difference of two premultiplied pixels in any channel, 0 to 255.
-int Difference(QRgb a, QRgb b)
-{
+int Difference(QRgb a, QRgb b) {
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b)),
                      std::abs(qAlpha(a) - qAlpha(b))});
 }
 
-int DifferingPixels(const QImage& a, const QImage& b, int tolerance)
-{
+int DifferingPixels(const QImage& a, const QImage& b, int tolerance) {
     int count = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            count += Difference(a.pixel(x, y), b.pixel(x, y)) > tolerance;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            count += static_cast<int>(Difference(a.pixel(x, y), b.pixel(x, y)) > tolerance);
+        }
+    }
     return count;
 }
 
-bool IsOpaque(const QImage& picture)
-{
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            if (qAlpha(picture.pixel(x, y)) != 255)
+bool IsOpaque(const QImage& picture) {
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (qAlpha(picture.pixel(x, y)) != 255) {
                 return false;
+            }
+        }
+    }
     return true;
 }
 
@@ -97,27 +99,27 @@ enum class Side { Right, Below };
 
 // The line of pixels that lies `depth` pixels inside the picture, seen from its right or lower edge (fromEnd) or from
 // its left or upper one.
-std::vector<QRgb> EdgeLine(const QImage& picture, Side side, bool fromEnd, int depth)
-{
+std::vector<QRgb> EdgeLine(const QImage& picture, Side side, bool fromEnd, int depth) {
     const int length = side == Side::Right ? picture.width() : picture.height();
     const int at = fromEnd ? length - 1 - depth : depth;
     std::vector<QRgb> line;
-    for (int i = 0; i < (side == Side::Right ? picture.height() : picture.width()); ++i)
+    line.reserve((side == Side::Right ? picture.height() : picture.width()));
+    for (int i = 0; i < (side == Side::Right ? picture.height() : picture.width()); ++i) {
         line.push_back(side == Side::Right ? picture.pixel(at, i) : picture.pixel(i, at));
+    }
     return line;
 }
 
 // How much changes from one line of pixels to the next.
-int Step(const std::vector<QRgb>& a, const std::vector<QRgb>& b)
-{
+int Step(const std::vector<QRgb>& a, const std::vector<QRgb>& b) {
     int sum = 0;
-    for (std::size_t i = 0; i < a.size(); ++i)
+    for (std::size_t i = 0; i < a.size(); ++i) {
         sum += Difference(a[i], b[i]);
+    }
     return sum;
 }
 
-bool IsPainted(const std::vector<QRgb>& line)
-{
+bool IsPainted(const std::vector<QRgb>& line) {
     return std::any_of(line.begin(), line.end(), [](QRgb pixel) { return qAlpha(pixel) > 128; });
 }
 
@@ -129,38 +131,40 @@ struct Pattern {
 
 class Joins {
 public:
-    explicit Joins(const Sheet& sheet)
-    {
-        for (int zoom : Zooms)
-            pictures.push_back(CutUp(sheet, zoom));
+    explicit Joins(const Sheet& sheet) {
+        for (int zoom : Zooms) {
+            pictures_.push_back(CutUp(sheet, zoom));
+        }
     }
 
-    void Check(const Pattern& pattern) const
-    {
-        for (std::size_t y = 0; y < pattern.rows.size(); ++y)
+    void Check(const Pattern& pattern) const {
+        for (std::size_t y = 0; y < pattern.rows.size(); ++y) {
             for (std::size_t x = 0; x < pattern.rows[y].size(); ++x) {
-                if (x + 1 < pattern.rows[y].size())
+                if (x + 1 < pattern.rows[y].size()) {
                     CheckPair(pattern.name, pattern.rows[y][x], pattern.rows[y][x + 1], Side::Right);
-                if (y + 1 < pattern.rows.size() && x < pattern.rows[y + 1].size())
+                }
+                if (y + 1 < pattern.rows.size() && x < pattern.rows[y + 1].size()) {
                     CheckPair(pattern.name, pattern.rows[y][x], pattern.rows[y + 1][x], Side::Below);
+                }
             }
+        }
     }
 
 private:
-    void CheckPair(const char* name, int first, int second, Side side) const
-    {
-        if (first == 0 || second == 0)
+    void CheckPair(const char* name, int first, int second, Side side) const {
+        if (first == 0 || second == 0) {
             return;
+        }
         for (int zoom : Zooms) {
-            SCOPED_TRACE(std::string(name) + ": " + std::to_string(second) + (side == Side::Right ? " right of " : " below ") +
-                         std::to_string(first) + " at " + std::to_string(zoom) + "x");
-            CheckEdge(pictures[zoom - 1][first - 1], pictures[zoom - 1][second - 1], side);
+            SCOPED_TRACE(std::string(name) + ": " + std::to_string(second) +
+                         (side == Side::Right ? " right of " : " below ") + std::to_string(first) + " at " +
+                         std::to_string(zoom) + "x");
+            CheckEdge(pictures_[zoom - 1][first - 1], pictures_[zoom - 1][second - 1], side);
         }
     }
 
     // There is no seam if the step across the edge is hardly greater than the steps on both sides of it.
-    static void CheckEdge(const QImage& first, const QImage& second, Side side)
-    {
+    static void CheckEdge(const QImage& first, const QImage& second, Side side) {
         const std::vector<QRgb> a = EdgeLine(first, side, true, 0);
         const std::vector<QRgb> b = EdgeLine(second, side, false, 0);
         const int beside = std::max(Step(EdgeLine(first, side, true, 1), a), Step(b, EdgeLine(second, side, false, 1)));
@@ -169,7 +173,7 @@ private:
         EXPECT_LE(Step(a, b), beside + beside / 3 + tolerance);
     }
 
-    std::vector<std::vector<QImage>> pictures;   // by zoom - 1, then by number - 1
+    std::vector<std::vector<QImage>> pictures_;  // by zoom - 1, then by number - 1
 };
 
 // A ground set: nine pieces of a block, four inner corners, and a column of one tile's width.
@@ -188,8 +192,7 @@ constexpr GroundSet GroundSets[] = {
 };
 
 // A cross, which holds every piece and every way in which two of them meet, and the column.
-std::vector<Pattern> PatternsOf(const GroundSet& s)
-{
+std::vector<Pattern> PatternsOf(const GroundSet& s) {
     return {{s.name,
              {{0, s.topLeft, s.top, s.top, s.topRight, 0},
               {0, s.left, s.centre, s.centre, s.right, 0},
@@ -239,10 +242,17 @@ const Pattern LevelPatterns[] = {
 };
 
 const Pattern WorldPatterns[] = {
-    {"island", {{9, 9, 9, 9, 9, 9}, {9, 1, 2, 2, 3, 9}, {9, 5, 6, 6, 7, 9}, {9, 5, 6, 6, 7, 9}, {9, 10, 11, 11, 12, 9}, {9, 9, 9, 9, 9, 9}}},
+    {"island",
+     {{9, 9, 9, 9, 9, 9},
+      {9, 1, 2, 2, 3, 9},
+      {9, 5, 6, 6, 7, 9},
+      {9, 5, 6, 6, 7, 9},
+      {9, 10, 11, 11, 12, 9},
+      {9, 9, 9, 9, 9, 9}}},
     {"pond", {{6, 6, 6, 6}, {6, 16, 11, 15}, {6, 7, 9, 5}, {6, 14, 2, 13}}},
     {"sea and snow", {{9, 8, 9}, {45, 46, 47}}},
-    {"paths", {{21, 17, 25, 17, 22}, {18, 0, 18, 0, 18}, {27, 17, 19, 17, 28}, {18, 0, 18, 0, 18}, {23, 17, 26, 17, 24}}},
+    {"paths",
+     {{21, 17, 25, 17, 22}, {18, 0, 18, 0, 18}, {27, 17, 19, 17, 28}, {18, 0, 18, 0, 18}, {23, 17, 26, 17, 24}}},
     {"path square", {{0, 18, 0}, {17, 20, 17}, {0, 18, 0}}},
     {"path ends", {{60, 17, 61}}},
     {"upright path ends", {{62}, {18}, {63}}},
@@ -257,16 +267,15 @@ const Pattern WorldPatterns[] = {
     {"start marker", {{58}, {59}}},
 };
 
-}   // namespace
+}  // namespace
 
-class Pictures : public ::testing::Test {
+class PicturesTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() { Q_INIT_RESOURCE(pictures); }
 };
 
-TEST_F(Pictures, SheetsHoldTheirCellsAtBothScales)
-{
-    for (const Sheet& sheet : Sheets)
+TEST_F(PicturesTest, SheetsHoldTheirCellsAtBothScales) {
+    for (const Sheet& sheet : Sheets) {
         for (int zoom : Zooms) {
             const QImage whole = LoadSheet(sheet, zoom);
             const int columns = std::min(sheet.count, Columns);
@@ -274,68 +283,74 @@ TEST_F(Pictures, SheetsHoldTheirCellsAtBothScales)
             EXPECT_EQ(whole.width(), columns * sheet.width * zoom) << sheet.name << " at " << zoom << "x";
             EXPECT_EQ(whole.height(), rows * sheet.height * zoom) << sheet.name << " at " << zoom << "x";
         }
+    }
 }
 
-TEST_F(Pictures, NoCellIsLeftEmpty)
-{
+TEST_F(PicturesTest, NoCellIsLeftEmpty) {
     for (const Sheet& sheet : Sheets) {
         const std::vector<QImage> pictures = CutUp(sheet, 1);
         QImage nothing(sheet.width, sheet.height, QImage::Format_ARGB32_Premultiplied);
         nothing.fill(Qt::transparent);
-        for (int i = 0; i < sheet.count; ++i)
+        for (int i = 0; i < sheet.count; ++i) {
             EXPECT_GT(DifferingPixels(pictures[i], nothing, 40), sheet.width) << sheet.name << " " << i + 1;
+        }
     }
 }
 
-TEST_F(Pictures, NoTwoOfAListAreAlike)
-{
+TEST_F(PicturesTest, NoTwoOfAListAreAlike) {
     for (const Sheet& sheet : Sheets) {
         const std::vector<QImage> pictures = CutUp(sheet, 1);
         const int needed = sheet.width * sheet.height / 50;
-        for (int i = 0; i < sheet.count; ++i)
-            for (int j = i + 1; j < sheet.count; ++j)
+        for (int i = 0; i < sheet.count; ++i) {
+            for (int j = i + 1; j < sheet.count; ++j) {
                 EXPECT_GE(DifferingPixels(pictures[i], pictures[j], 24), needed)
                     << sheet.name << " " << i + 1 << " and " << j + 1;
+            }
+        }
     }
 }
 
 // Opaque pictures are the cheap ones to paint: the inside of the ground, its open edges and all tiles of the world.
-TEST_F(Pictures, GroundIsOpaque)
-{
+TEST_F(PicturesTest, GroundIsOpaque) {
     for (int zoom : Zooms) {
         const std::vector<QImage> tiles = CutUp(Blocks, zoom);
         std::vector<int> numbers = {26, 29, 30, 31, 32, 77, 78, 79, 80, 98, 100, 131, 140, 149, 159, 204};
-        for (const GroundSet& set : GroundSets)
+        for (const GroundSet& set : GroundSets) {
             for (int n : {set.top, set.left, set.centre, set.right, set.bottom, set.columnMiddle, set.innerTopLeft,
-                          set.innerTopRight, set.innerBottomLeft, set.innerBottomRight})
+                          set.innerTopRight, set.innerBottomLeft, set.innerBottomRight}) {
                 numbers.push_back(n);
-        for (int n : numbers)
+            }
+        }
+        for (int n : numbers) {
             EXPECT_TRUE(IsOpaque(tiles[n - 1])) << "tile " << n << " at " << zoom << "x";
+        }
 
         const std::vector<QImage> world = CutUp(World, zoom);
-        for (int n = 1; n <= 71; ++n)
+        for (int n = 1; n <= 71; ++n) {
             EXPECT_TRUE(IsOpaque(world[n - 1])) << "world tile " << n << " at " << zoom << "x";
+        }
     }
 }
 
-TEST_F(Pictures, GroundSetsJoinInAllDirections)
-{
+TEST_F(PicturesTest, GroundSetsJoinInAllDirections) {
     const Joins joins(Blocks);
-    for (const GroundSet& set : GroundSets)
-        for (const Pattern& pattern : PatternsOf(set))
+    for (const GroundSet& set : GroundSets) {
+        for (const Pattern& pattern : PatternsOf(set)) {
             joins.Check(pattern);
+        }
+    }
 }
 
-TEST_F(Pictures, LevelShapesJoin)
-{
+TEST_F(PicturesTest, LevelShapesJoin) {
     const Joins joins(Blocks);
-    for (const Pattern& pattern : LevelPatterns)
+    for (const Pattern& pattern : LevelPatterns) {
         joins.Check(pattern);
+    }
 }
 
-TEST_F(Pictures, WorldShapesJoin)
-{
+TEST_F(PicturesTest, WorldShapesJoin) {
     const Joins joins(World);
-    for (const Pattern& pattern : WorldPatterns)
+    for (const Pattern& pattern : WorldPatterns) {
         joins.Check(pattern);
+    }
 }
