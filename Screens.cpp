@@ -29,9 +29,14 @@ void ShowAbove(const Screen& other, ScreenHolder<Form>& holder) {
 
 void LoadMainFrm() { mainFrm.Load(); }
 void ShowMainFrm() { mainFrm.Load().Window.Show(); }
-void EnableMainFrm(bool enabled) { mainFrm.Load().Window.SetEnabled(enabled); }
+// A side screen may outlive MainFrm, and must not bring it back.
+void EnableMainFrm(bool enabled) {
+    if (MainFrm* form = mainFrm.Loaded()) {
+        form->Window.SetEnabled(enabled);
+    }
+}
 void SetMainFrmBusy(bool busy) {
-    if (MainFrm* form = mainFrm.Loaded()) {  // a side screen may outlive it, and must not bring it back
+    if (MainFrm* form = mainFrm.Loaded()) {
         form->Window.SetEnabled(!busy);
         busy ? form->Window.SetHourglass() : form->Window.SetDefaultPointer();
     }
