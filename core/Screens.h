@@ -22,4 +22,6 @@ void OpenVarsFrm();                ///< the variables of the level; MainFrm is b
 void EnableVarsFrm(bool enabled);  ///< whether it takes input
 void OpenBackGndFrm();             ///< the choice of a background; sets ModalDone when it closes
 void OpenNewInfoFrm();             ///< the texts of a new level set; sets ModalDone when it closes
-void OpenBadGuyEditor();           ///< the properties of SelectedBadGuy
+void OpenNukTextFrm();             ///< the texts of the level and of its INFO file; MainFrm is busy until it closes
+void OpenBadGuyEditor();           ///< the properties of SelectedBadGuy; MainFrm is disabled until it closes
+void OpenHelpFrm();                ///< the help text; MainFrm is disabled until it closes

@@ -22,6 +22,8 @@ void MainFrm::TB_ButtonClick(int Position) {
         case 7: SaveCommand(); break;
         case 8: SaveLevelDialog(); break;
         case 10: OpenVarsFrm(); break;
+        case 11: OpenNukTextFrm(); break;
+        case 15: OpenHelpFrm(); break;
         case 17: Window.Close(); break;
         default: break;
     }

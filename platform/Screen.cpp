@@ -37,6 +37,7 @@ void Screen::Show() {
 }
 
 void Screen::KeepAbove(const Screen& other) {
+    window_->setWindowFlags(window_->windowFlags() | Qt::Dialog);  // other kinds stand for themselves
     window_->winId();  // makes the windows of the desktop, which exist from the first showing on otherwise
     other.window_->winId();
     window_->windowHandle()->setTransientParent(other.window_->windowHandle());
