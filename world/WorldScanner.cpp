@@ -1,0 +1,132 @@
+#include "world/WorldScanner.h"
+
+#include <charconv>
+
+#include "platform/Conversions.h"
+#include "platform/Events.h"
+#include "platform/Texts.h"
+
+namespace {
+
+constexpr bool IsBlankCharacter(int character) { return character == ' ' || character == '\t' || character == '\n'; }
+
+constexpr bool EndsWord(int character) { return IsBlankCharacter(character) || character == '(' || character == ')'; }
+
+}  // namespace
+
+int WorldScanner::NextChar() {
+    if (pos < 0) {
+        return Beyond;
+    }
+    const int character = CharAt(text, static_cast<std::size_t>(pos));
+    ++pos;
+    if (pos > std::ssize(text)) {
+        pos = -2;
+    }
+    return character;
+}
+
+int WorldScanner::NextToken() {
+    for (;;) {
+        const int character = NextChar();
+        if (!IsBlankCharacter(character)) {
+            return character;
+        }
+    }
+}
+
+void WorldScanner::SkipBlanks() {
+    if (pos < 0) {
+        return;
+    }
+    while (pos <= std::ssize(text) && IsBlankCharacter(text[static_cast<std::size_t>(pos - 1)])) {
+        ++pos;
+    }
+    if (pos > std::ssize(text)) {
+        pos = -2;
+    }
+}
+
+/// The next character, or `Beyond` in place of the last one, which ends the text and is dropped.
+int WorldScanner::TakeUnlessLast() {
+    if (pos < 0 || pos >= std::ssize(text)) {
+        pos = -1;
+        return Beyond;
+    }
+    return CharAt(text, static_cast<std::size_t>(pos++));
+}
+
+std::string WorldScanner::ReadWord() {
+    std::string word;
+    if (pos < 0) {
+        return word;
+    }
+    SkipBlanks();
+    for (;;) {
+        const int character = TakeUnlessLast();
+        if (character == ')') {
+            --pos;
+        }
+        if (character == Beyond || EndsWord(character)) {
+            return LowerCase(word);
+        }
+        word += static_cast<char>(character);
+    }
+}
+
+Int16 WorldScanner::ReadNumber() {
+    SkipBlanks();
+    if (pos > 0) {
+        // A map has a quarter of a million numbers, so those that are written plainly are taken without
+        // building the word. The last character of the text is never part of a word.
+        const char* const first = text.data() + pos - 1;
+        const char* const last = text.data() + text.size() - 1;
+        std::int16_t number = 0;
+        const auto [end, error] = std::from_chars(first, last, number);
+        if (error == std::errc() && end != last && EndsWord(*end)) {
+            pos += end - first + (*end == ')' ? 0 : 1);
+            return {number};
+        }
+    }
+    return TextToInt16(ReadWord());
+}
+
+std::string WorldScanner::ReadQuoted() {
+    std::string quoted;
+    if (NextToken() != '"') {
+        return quoted;
+    }
+    for (;;) {
+        const int character = NextChar();
+        if (character == '"') {
+            return quoted;
+        }
+        if (character == Beyond) {
+            YieldToEventQueue();  // from here on for ever, so the user must be able to close the program
+        } else {
+            quoted += static_cast<char>(character);
+        }
+    }
+}
+
+std::string WorldScanner::ReadFlag() {
+    if (NextToken() != '#') {
+        return {};
+    }
+    const int flag = NextToken();
+    return flag == Beyond ? std::string() : std::string(1, static_cast<char>(flag));
+}
+
+std::string WorldScanner::ReadRestOfLine() {
+    std::string rest;
+    for (;;) {
+        const int character = TakeUnlessLast();
+        if (character == '(') {
+            --pos;
+        }
+        if (character == Beyond || character == '\n' || character == '(') {
+            return rest;
+        }
+        rest += static_cast<char>(character);
+    }
+}
