@@ -165,6 +165,7 @@ void Label::SetCentred() { label_->setAlignment(Qt::AlignCenter); }
 void Label::SetCaption(const std::string& caption) {
     caption_ = caption;
     const QString text = ShownText(caption);
+    label_->setAccessibleName(text);  // the whole of it, even where the label is too short
     label_->setText(label_->fontMetrics().elidedText(text, Qt::ElideMiddle, label_->contentsRect().width()));
 }
 

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -155,7 +156,7 @@ void Surface::paintEvent(QPaintEvent* event) {
         painter.fillRect(rect, palette().window());
     }
     for (const ImageCell* cell : cells_) {
-        if (!cell->visible_ || !IsShown(*cell)) {
+        if (!IsShown(*cell)) {
             continue;
         }
         const QRect area = AreaOf(*cell);
@@ -178,14 +179,19 @@ void Surface::paintEvent(QPaintEvent* event) {
     }
 }
 
+ImageCell* Surface::FindCell(const std::string& name) const {
+    const auto cell = std::find_if(cells_.begin(), cells_.end(), [&](const ImageCell* c) { return c->name_ == name; });
+    return cell == cells_.end() ? nullptr : *cell;
+}
+
 bool Surface::IsShown(const ImageCell& cell) const {
     const QWidget* container = cell.container_->ContainerWidget();
-    return container == this || !container->isHidden();
+    return cell.visible_ && (container == this || !container->isHidden());
 }
 
 ImageCell* Surface::CellAt(QPoint position) const {
     for (auto cell = cells_.rbegin(); cell != cells_.rend(); ++cell) {
-        if ((*cell)->visible_ && (*cell)->enabled_ && IsShown(**cell) && AreaOf(**cell).contains(position)) {
+        if ((*cell)->enabled_ && IsShown(**cell) && AreaOf(**cell).contains(position)) {
             return *cell;
         }
     }

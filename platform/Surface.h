@@ -3,6 +3,7 @@
 #include <QRect>
 #include <QWidget>
 #include <functional>
+#include <string>
 #include <vector>
 
 class ImageCell;
@@ -19,6 +20,12 @@ public:
     /// Marks `area` (surface coordinates) of `container` to be painted anew. All that is marked until the next
     /// turn of the event loop is painted at once.
     void MarkDirty(Container& container, const QRect& area);
+
+    /// The cell of that name, or null.
+    [[nodiscard]] ImageCell* FindCell(const std::string& name) const;
+
+    /// Whether `cell` and what it stands in are visible.
+    [[nodiscard]] bool IsShown(const ImageCell& cell) const;
 
     /// Where `cell` stands on the surface.
     [[nodiscard]] QRect AreaOf(const ImageCell& cell) const;
@@ -37,7 +44,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    bool IsShown(const ImageCell& cell) const;
     ImageCell* CellAt(QPoint position) const;
     void RaiseMouse(ImageCell* cell, bool press, const QMouseEvent& event);
 
