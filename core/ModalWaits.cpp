@@ -4,18 +4,12 @@
 #include "core/SharedState.h"
 #include "platform/Events.h"
 
-namespace {
-
-void WaitUntilModalDone() {
+void OpenAndWait(void (*open)()) {
+    ModalDone = False;
+    open();
     while (ModalDone == False) {
         WaitForEvent();
     }
 }
 
-}  // namespace
-
-void ShowTypePickerModal() {
-    ModalDone = False;
-    OpenTypePicker();
-    WaitUntilModalDone();
-}
+void ShowTypePickerModal() { OpenAndWait(OpenTypePicker); }

@@ -1,7 +1,10 @@
 #pragma once
 
-// Routines that open a screen and go on when it has closed, since they need its answer. Meanwhile the screen
-// under it stays enabled, and may enter the same routine again.
+// Waits for a screen's answer. Events are delivered meanwhile, to every screen that is enabled.
 
-/// Asks for the type of a link. The answer is in LinkTypeChoice, -1 for none.
+/// Opens a screen by `open`, one of the ways of Screens.h, and returns once a screen that sets ModalDone at its
+/// closing has closed.
+void OpenAndWait(void (*open)());
+
+/// Opens zTypeFrm and returns once it has closed; its answer is in LinkTypeChoice.
 void ShowTypePickerModal();

@@ -14,6 +14,15 @@ void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the ma
 void ShowFileName(const std::string& text);  ///< puts `text` into FileNameBox
 void UpdateDisplay();                        ///< redraws the whole screen from the records
 void EnableMainFrm(bool enabled);            ///< whether it takes input
+void SetMainFrmBusy(bool busy);              ///< disabled under the hourglass, as while a side screen is open
 
 // The side screens.
 void OpenBadGuyEditor();  ///< the properties of SelectedBadGuy
+
+// The world map editor and its side screens.
+bool OpenWorldFrm();                ///< loads and shows it; false if its user has closed it in a long read
+void EnableWorldFrm(bool enabled);  ///< whether it takes input
+void UpdateWorld();                 ///< redraws the whole screen from WorldRecord
+void OpenLinkForm();                ///< the editor of link CurrentLink; WorldFrm is enabled when it closes
+void OpenTypePicker();              ///< the choice of a link's type; sets ModalDone when it closes
+void OpenWorldProperties();         ///< the scalar fields of the world; WorldFrm is enabled when it closes

@@ -18,6 +18,7 @@ void MainFrm::TB_ButtonClick(int Position) {
         case 2: LoadLevelDialog(); break;
         case 7: SaveCommand(); break;
         case 8: SaveLevelDialog(); break;
+        case 13: WorldEditorCommand(); break;
         case 17: Window.Close(); break;
         default: break;
     }
@@ -62,4 +63,12 @@ void MainFrm::SaveCommand() {
         WriteLevelFile(LevelPath);
     }
     Window.SetTitle(TitleText);
+}
+
+void MainFrm::WorldEditorCommand() {
+    Window.SetHourglass();
+    if (OpenWorldFrm()) {  // otherwise its closing has brought this screen back already
+        Window.SetEnabled(false);
+        Window.Hide();
+    }
 }

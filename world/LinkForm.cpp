@@ -7,6 +7,7 @@
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
+#include "platform/Conversions.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "platform/Texts.h"
