@@ -19,20 +19,20 @@ void MakeFieldLabels(LinkForm& form) {
                                                          "ExtroFile", "Message",   "Comment"};
     for (int row = 0; row < 6; ++row) {
         Element(form.FieldLabel, row)
-            .Create(form.Window, Member("FieldLabel", row), {LabelLeft, RowTop(row), BoxLeft - LabelLeft, 20},
+            .Create(form.Window, Member("FieldLabel", row), {LabelLeft, RowTop(row), BoxLeft - LabelLeft, 22},
                     Element(Captions, row));
     }
 }
 
 void MakeFields(LinkForm& form) {
-    form.LinkNumBox.Create(form.Window, "LinkNumBox", {BoxLeft, RowTop(0), 60, 20});
-    form.TypeBox.Create(form.Window, "TypeBox", {BoxLeft, RowTop(1), 160, 20});
+    form.LinkNumBox.Create(form.Window, "LinkNumBox", {BoxLeft, RowTop(0), 60, 22});
+    form.TypeBox.Create(form.Window, "TypeBox", {BoxLeft, RowTop(1), 160, 22});
     form.TypeBox.SetToolTip("Click to select the type of Link.");
     form.TypeBox.Click = [&form] { form.TypeBox_Click(); };
-    form.NameBox.Create(form.Window, "NameBox", {BoxLeft, RowTop(2), WideBox, 20});
+    form.NameBox.Create(form.Window, "NameBox", {BoxLeft, RowTop(2), WideBox, 22});
     form.NameBox.SetToolTip("Click to select the desired Level to link to.");
     form.NameBox.Click = [&form] { form.NameBox_Click(); };
-    form.ExtroBox.Create(form.Window, "ExtroBox", {BoxLeft, RowTop(3), WideBox, 20});
+    form.ExtroBox.Create(form.Window, "ExtroBox", {BoxLeft, RowTop(3), WideBox, 22});
     form.ExtroBox.SetToolTip("Click to select desired Extro text file link.");
     form.ExtroBox.Click = [&form] { form.ExtroBox_Click(); };
     for (Label* box : {&form.LinkNumBox, &form.TypeBox, &form.NameBox, &form.ExtroBox}) {

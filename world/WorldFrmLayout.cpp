@@ -90,12 +90,12 @@ void MakeModes(WorldFrm& form) {
 
 void MakeReadOuts(WorldFrm& form) {
     form.CordsFrame.Create(form.Window, "CordsFrame", {PanelLeft, 158, PanelWidth, 66}, "Mouse Cords");
-    form.AutoCheck.Create(form.CordsFrame, "AutoCheck", {10, 19, 204, 20}, "Auto Complete Tiles");
+    form.AutoCheck.Create(form.CordsFrame, "AutoCheck", {10, 21, 204, 20}, "Auto Complete Tiles");
     form.AutoCheck.Click = [&form] { form.AutoCheck_Click(); };
-    Element(form.CordsLabel, 0).Create(form.CordsFrame, Member("CordsLabel", 0), {10, 41, 20, 18}, "X :");
-    form.MouseXBox.Create(form.CordsFrame, "MouseXBox", {32, 41, 56, 18});
-    Element(form.CordsLabel, 1).Create(form.CordsFrame, Member("CordsLabel", 1), {116, 41, 20, 18}, "Y :");
-    form.MouseYBox.Create(form.CordsFrame, "MouseYBox", {138, 41, 56, 18});
+    Element(form.CordsLabel, 0).Create(form.CordsFrame, Member("CordsLabel", 0), {10, 42, 20, 18}, "X :");
+    form.MouseXBox.Create(form.CordsFrame, "MouseXBox", {32, 42, 70, 18});
+    Element(form.CordsLabel, 1).Create(form.CordsFrame, Member("CordsLabel", 1), {118, 42, 20, 18}, "Y :");
+    form.MouseYBox.Create(form.CordsFrame, "MouseYBox", {140, 42, 70, 18});
     form.MouseXBox.SetSunken();
     form.MouseYBox.SetSunken();
 }
@@ -104,22 +104,22 @@ void MakePalette(WorldFrm& form) {
     form.TilesFrame.Create(form.Window, "TilesFrame", TilesPlace, "Tiles");
     for (int i = 0; i < WorldFrm::PaletteCells; ++i) {
         ImageCell& cell = Element(form.TileImg, i);
-        cell.Create(form.TilesFrame, Member("TileImg", i), {28 + 36 * (i % 4), 22 + 36 * (i / 4), CellSize, CellSize});
+        cell.Create(form.TilesFrame, Member("TileImg", i), {30 + 35 * (i % 4), 28 + 35 * (i / 4), CellSize, CellSize});
         cell.Click = [&form, i] { form.TileImg_Click(i); };
     }
-    form.TileScroll.Create(form.TilesFrame, "TileScroll", {176, 22, ScrollSize, 320}, Direction::Vertical,
+    form.TileScroll.Create(form.TilesFrame, "TileScroll", {175, 28, ScrollSize, 312}, Direction::Vertical,
                            {.maximum = 12, .largeChange = 9});
     form.TileScroll.SetAccessibleName("First palette row");
     form.TileScroll.Change = [&form] { form.TileScroll_Change(); };
     form.TileScroll.Scroll = [&form] { form.TileScroll_Change(); };
-    form.CurrentImg.Create(form.TilesFrame, "CurrentImg", {28, 352, CellSize, CellSize});
-    form.TileIndexLabel.Create(form.TilesFrame, "TileIndexLabel", {78, 359, 68, 18}, "Tile Index =");
-    form.TileIndexBox.Create(form.TilesFrame, "TileIndexBox", {148, 359, 45, 18});
+    form.CurrentImg.Create(form.TilesFrame, "CurrentImg", {30, 351, CellSize, CellSize});
+    form.TileIndexLabel.Create(form.TilesFrame, "TileIndexLabel", {78, 358, 68, 18}, "Tile Index =");
+    form.TileIndexBox.Create(form.TilesFrame, "TileIndexBox", {148, 358, 44, 18});
     form.TileIndexBox.SetSunken();
 }
 
 void MakeLinkRow(WorldFrm& form, int i, const Picture& marker) {
-    const int top = 38 + 17 * i;
+    const int top = 42 + 17 * i;
     ImageCell& indicator = Element(form.LinkIndImg, i);
     indicator.Create(form.LinkFrame, Member("LinkIndImg", i), {8, top, 16, 16});
     indicator.SetPicture(marker);
@@ -143,24 +143,23 @@ struct LinkReadOut {
     const char* name;
     const char* heading;
     Place place;
+    Place headingPlace;
 };
 
 void MakeLinkReadOuts(WorldFrm& form) {
     static constexpr std::array<LinkReadOut, 5> ReadOuts{{
-        {&WorldFrm::LinkXBox, "LinkXBox", "X", {10, 334, 46, 18}},
-        {&WorldFrm::LinkYBox, "LinkYBox", "Y", {62, 334, 46, 18}},
-        {&WorldFrm::LinkDXBox, "LinkDXBox", "DX", {114, 334, 46, 18}},
-        {&WorldFrm::LinkDYBox, "LinkDYBox", "DY", {166, 334, 46, 18}},
-        {&WorldFrm::LinkNameBox, "LinkNameBox", "Name", {10, 370, 202, 18}},
+        {&WorldFrm::LinkXBox, "LinkXBox", "X", {10, 338, 46, 18}, {10, 322, 46, 16}},
+        {&WorldFrm::LinkYBox, "LinkYBox", "Y", {62, 338, 46, 18}, {62, 322, 46, 16}},
+        {&WorldFrm::LinkDXBox, "LinkDXBox", "DX", {114, 338, 46, 18}, {114, 322, 46, 16}},
+        {&WorldFrm::LinkDYBox, "LinkDYBox", "DY", {166, 338, 46, 18}, {166, 322, 46, 16}},
+        {&WorldFrm::LinkNameBox, "LinkNameBox", "Name", {50, 364, 162, 18}, {10, 364, 38, 18}},
     }};
     for (int i = 0; i < 5; ++i) {
         const LinkReadOut& readOut = Element(ReadOuts, i);
-        const Place place = readOut.place;
         Element(form.LinkHeading, i + 2)
-            .Create(form.LinkFrame, Member("LinkHeading", i + 2), {place.left, place.top - 16, place.width, 16},
-                    readOut.heading);
+            .Create(form.LinkFrame, Member("LinkHeading", i + 2), readOut.headingPlace, readOut.heading);
         Label& box = form.*readOut.box;
-        box.Create(form.LinkFrame, readOut.name, place);
+        box.Create(form.LinkFrame, readOut.name, readOut.place);
         box.SetSunken();
     }
 }
@@ -168,17 +167,17 @@ void MakeLinkReadOuts(WorldFrm& form) {
 void MakeLinkList(WorldFrm& form) {
     const Picture marker = FixedPicture("LinkIndImg");
     form.LinkFrame.Create(form.Window, "LinkFrame", TilesPlace, "Level Links");
-    Element(form.LinkHeading, 0).Create(form.LinkFrame, Member("LinkHeading", 0), {28, 20, 44, 17}, "Link #");
-    Element(form.LinkHeading, 1).Create(form.LinkFrame, Member("LinkHeading", 1), {74, 20, 114, 17}, "Type");
+    Element(form.LinkHeading, 0).Create(form.LinkFrame, Member("LinkHeading", 0), {29, 24, 43, 17}, "Link #");
+    Element(form.LinkHeading, 1).Create(form.LinkFrame, Member("LinkHeading", 1), {73, 24, 114, 17}, "Type");
     for (int i = 0; i < WorldFrm::LinkRows; ++i) {
         MakeLinkRow(form, i, marker);
     }
-    form.LinkScroll.Create(form.LinkFrame, "LinkScroll", {195, 38, ScrollSize, 272}, Direction::Vertical,
+    form.LinkScroll.Create(form.LinkFrame, "LinkScroll", {194, 42, ScrollSize, 272}, Direction::Vertical,
                            {.maximum = 0, .largeChange = WorldFrm::LinkRows - 1});
     form.LinkScroll.SetAccessibleName("First link in the list");
     form.LinkScroll.Change = [&form] { form.LinkScroll_Change(); };
     form.LinkScroll.Scroll = [&form] { form.LinkScroll_Change(); };
-    form.Line1.Create(form.LinkFrame, "Line1", {10, 314, 202, 2});
+    form.Line1.Create(form.LinkFrame, "Line1", {10, 319, 202, 2});
     form.Line1.SetSunken();
     MakeLinkReadOuts(form);
 }

@@ -25,14 +25,14 @@ void MakeLabels(WorldPropertiesFrm& form) {
 }
 
 void MakeTexts(WorldPropertiesFrm& form) {
-    form.FNBox.Create(form.Window, "FNBox", {BoxLeft, RowTop(0), WideBox, 20});
+    form.FNBox.Create(form.Window, "FNBox", {BoxLeft, RowTop(0), WideBox, 22});
     form.FNBox.SetSunken();
     form.FNBox.SetToolTip("(Optional) Click To Select Music");
     form.FNBox.Click = [&form] { form.FNBox_Click(); };
     form.NameBox.Create(form.Window, "NameBox", {BoxLeft, RowTop(1), WideBox, 22});
     form.NameBox.SetAccessibleName("Name");
     form.NameBox.Change = [&form] { form.NameBox_Change(); };
-    form.MusicBox.Create(form.Window, "MusicBox", {BoxLeft, RowTop(2), WideBox, 20});
+    form.MusicBox.Create(form.Window, "MusicBox", {BoxLeft, RowTop(2), WideBox, 22});
     form.MusicBox.SetSunken();
     form.MusicBox.SetToolTip("(Optional) Click To Select Music");
     form.MusicBox.Click = [&form] { form.MusicBox_Click(); };
