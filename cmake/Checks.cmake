@@ -21,16 +21,18 @@ if(FB_WARNINGS_AS_ERRORS)
     target_compile_options(fb_checks INTERFACE -Werror)
 endif()
 
-if(FB_SANITIZE)
+if(FB_SANITIZE OR FB_FUZZ)
+    # Beyond the usual: an index outside a standard container, and a fraction too large for a whole number.
+    set(sanitizers -fsanitize=address,undefined,float-cast-overflow)
+    target_compile_definitions(fb_checks INTERFACE _GLIBCXX_ASSERTIONS)
     target_compile_options(fb_checks INTERFACE
-        -fsanitize=address,undefined
+        ${sanitizers}
         -fno-sanitize-recover=all  # a finding ends the test that made it
         -fno-omit-frame-pointer)   # readable stacks
-    target_link_options(fb_checks INTERFACE -fsanitize=address,undefined)
+    target_link_options(fb_checks INTERFACE ${sanitizers})
 endif()
 
 if(FB_FUZZ)
     # Every source is instrumented, so that the fuzzer sees which input reaches new code.
-    target_compile_options(fb_checks INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
-    target_link_options(fb_checks INTERFACE -fsanitize=address,undefined)
+    target_compile_options(fb_checks INTERFACE -fsanitize=fuzzer-no-link)
 endif()

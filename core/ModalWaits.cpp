@@ -12,4 +12,10 @@ void OpenAndWait(void (*open)()) {
     }
 }
 
+bool ShowNewInfoModal() {
+    InfoCreated = False;
+    OpenAndWait(OpenNewInfoFrm);
+    return InfoCreated != False;
+}
+
 void ShowTypePickerModal() { OpenAndWait(OpenTypePicker); }

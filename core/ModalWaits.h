@@ -6,5 +6,8 @@
 /// closing has closed.
 void OpenAndWait(void (*open)());
 
+/// Opens NewInfoFrm and returns once it has closed: true if through Create. The texts are in CurrentInfo then.
+[[nodiscard]] bool ShowNewInfoModal();
+
 /// Opens zTypeFrm and returns once it has closed; its answer is in LinkTypeChoice.
 void ShowTypePickerModal();

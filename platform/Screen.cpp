@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QWindow>
 
 #include "platform/EventQueue.h"
 #include "platform/Events.h"
@@ -33,6 +34,12 @@ void Screen::Show() {
         window_->activateWindow();
     }
     shown_ = true;
+}
+
+void Screen::KeepAbove(const Screen& other) {
+    window_->winId();  // makes the windows of the desktop, which exist from the first showing on otherwise
+    other.window_->winId();
+    window_->windowHandle()->setTransientParent(other.window_->windowHandle());
 }
 
 void Screen::ShowIfNeverShown() {

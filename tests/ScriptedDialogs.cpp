@@ -38,4 +38,4 @@ std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(set
 
 void EndWithFault(const Fault& fault) { dialogs.fatalFault = fault.Number(); }
 
-void EndProcess() { dialogs.ended = true; }
+void EndProcess() { throw ProcessEnded(); }

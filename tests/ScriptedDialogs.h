@@ -24,8 +24,10 @@ struct ScriptedDialogs {
     std::vector<FileDialogSetup> fileDialogs;  ///< all file dialogs shown
     std::deque<std::string> files;             ///< for the next file dialogs; cancelled when used up
     std::optional<FaultNumber> fatalFault;     ///< the fault that would have ended the process
-    bool ended = false;                        ///< the process would have ended without a fault
 };
+
+/// What the double of EndProcess throws, since a test's process goes on.
+struct ProcessEnded {};
 
 /// The script in force. A test assigns {} to start afresh.
 extern ScriptedDialogs dialogs;
