@@ -1,5 +1,7 @@
 #include "core/Screens.h"
 
+#include <functional>
+
 #include "leveledit/MainFrm.h"
 #include "sidescreens/BackGndFrm.h"
 #include "sidescreens/HelpFrm.h"
@@ -7,6 +9,10 @@
 #include "sidescreens/NukTextFrm.h"
 #include "sidescreens/VarsFrm.h"
 #include "sidescreens/zBGEditFrm.h"
+#include "world/LinkForm.h"
+#include "world/WorldFrm.h"
+#include "world/WorldPropertiesFrm.h"
+#include "world/zTypeFrm.h"
 
 namespace {
 
@@ -17,6 +23,10 @@ ScreenHolder<NewInfoFrm> newInfoFrm;
 ScreenHolder<NukTextFrm> nukTextFrm;
 ScreenHolder<zBGEditFrm> bgEditFrm;
 ScreenHolder<HelpFrm> helpFrm;
+ScreenHolder<WorldFrm> worldFrm;
+ScreenHolder<LinkForm> linkForm;
+ScreenHolder<zTypeFrm> typeFrm;
+ScreenHolder<WorldPropertiesFrm> worldPropertiesFrm;
 
 template <typename Form>
 void ShowAbove(const Screen& other, ScreenHolder<Form>& holder) {
@@ -25,26 +35,35 @@ void ShowAbove(const Screen& other, ScreenHolder<Form>& holder) {
     window.Show();
 }
 
+/// Works on a screen if it is loaded: one that its user has closed meanwhile must not come back.
+template <typename Form, typename Work>
+void OnLoaded(const ScreenHolder<Form>& holder, Work work) {
+    if (Form* form = holder.Loaded()) {
+        work(*form);
+    }
+}
+
 }  // namespace
 
 void LoadMainFrm() { mainFrm.Load(); }
-void ShowMainFrm() { mainFrm.Load().Window.Show(); }
-// A side screen may outlive MainFrm, and must not bring it back.
+void ShowMainFrm() {
+    OnLoaded(mainFrm, [](MainFrm& form) { form.Window.Show(); });
+}
 void EnableMainFrm(bool enabled) {
-    if (MainFrm* form = mainFrm.Loaded()) {
-        form->Window.SetEnabled(enabled);
-    }
+    OnLoaded(mainFrm, [&](MainFrm& form) { form.Window.SetEnabled(enabled); });
 }
 void SetMainFrmBusy(bool busy) {
-    if (MainFrm* form = mainFrm.Loaded()) {
-        form->Window.SetEnabled(!busy);
-        busy ? form->Window.SetHourglass() : form->Window.SetDefaultPointer();
-    }
+    EnableMainFrm(!busy);
+    OnLoaded(mainFrm, [&](MainFrm& form) { busy ? form.Window.SetHourglass() : form.Window.SetDefaultPointer(); });
 }
-void ClearBadGuySlots() { mainFrm.Load().ClearBGSlots(); }
-void SetMapXScrollMax(Int16 maximum) { mainFrm.Load().MapXScroll.SetMax(maximum); }
-void ShowFileName(const std::string& text) { mainFrm.Load().FileNameBox.SetCaption(text); }
-void UpdateDisplay() { mainFrm.Load().UpdateDisplay(); }
+void ClearBadGuySlots() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::ClearBGSlots)); }
+void SetMapXScrollMax(Int16 maximum) {
+    OnLoaded(mainFrm, [&](MainFrm& form) { form.MapXScroll.SetMax(maximum); });
+}
+void ShowFileName(const std::string& text) {
+    OnLoaded(mainFrm, [&](MainFrm& form) { form.FileNameBox.SetCaption(text); });
+}
+void UpdateDisplay() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::UpdateDisplay)); }
 
 void OpenVarsFrm() {
     SetMainFrmBusy(true);
@@ -65,3 +84,13 @@ void OpenHelpFrm() {
     EnableMainFrm(false);
     ShowAbove(mainFrm.Load().Window, helpFrm);
 }
+
+bool OpenWorldFrm() {
+    worldFrm.Load().Window.Show();
+    return worldFrm.Loaded() != nullptr;
+}
+void EnableWorldFrm(bool enabled) { worldFrm.Load().Window.SetEnabled(enabled); }
+void UpdateWorld() { worldFrm.Load().UpdateWorld(); }
+void OpenLinkForm() { ShowAbove(worldFrm.Load().Window, linkForm); }
+void OpenTypePicker() { ShowAbove(linkForm.Load().Window, typeFrm); }
+void OpenWorldProperties() { ShowAbove(worldFrm.Load().Window, worldPropertiesFrm); }

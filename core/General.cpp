@@ -11,6 +11,8 @@ constexpr std::string_view Separators = "/\\";
 constexpr std::size_t LogonNameLength = 16;
 constexpr std::size_t LogonBufferSize = 25;  // with the zero behind the name
 constexpr std::size_t LogonCharactersTested = 9;
+constexpr int Backspace = 8;
+constexpr int Enter = 13;
 
 }  // namespace
 
@@ -50,4 +52,11 @@ std::string LogonNameFor(const std::string& name) {
     }
     taken.resize(LogonNameLength, ' ');
     return taken;
+}
+
+bool PassesNumberBox(int KeyAscii, const std::function<void()>& refresh) {
+    if (KeyAscii == Enter) {
+        refresh();
+    }
+    return KeyAscii == Backspace || IsDigit(KeyAscii);
 }

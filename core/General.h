@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -22,3 +23,7 @@ void GetLogonName();
 /// capitals, filled with blanks to 16 characters. A name that has none of these there gives blanks, and so
 /// does one of more than 24 characters.
 [[nodiscard]] std::string LogonNameFor(const std::string& name);
+
+/// The key filter of boxes for whole numbers: lets backspace and the digits pass. Enter runs `refresh`, and is
+/// removed like every other key.
+[[nodiscard]] bool PassesNumberBox(int KeyAscii, const std::function<void()>& refresh);

@@ -17,3 +17,5 @@ bool ShowNewInfoModal() {
     OpenAndWait(OpenNewInfoFrm);
     return InfoCreated != False;
 }
+
+void ShowTypePickerModal() { OpenAndWait(OpenTypePicker); }

@@ -8,3 +8,6 @@ void OpenAndWait(void (*open)());
 
 /// Opens NewInfoFrm and returns once it has closed: true if through Create. The texts are in CurrentInfo then.
 [[nodiscard]] bool ShowNewInfoModal();
+
+/// Opens zTypeFrm and returns once it has closed; its answer is in LinkTypeChoice.
+void ShowTypePickerModal();

@@ -25,3 +25,11 @@ void OpenNewInfoFrm();             ///< the texts of a new level set; sets Modal
 void OpenNukTextFrm();             ///< the texts of the level and of its INFO file; MainFrm is busy until it closes
 void OpenBadGuyEditor();           ///< the properties of SelectedBadGuy; MainFrm is disabled until it closes
 void OpenHelpFrm();                ///< the help text; MainFrm is disabled until it closes
+
+// The world map editor and its side screens.
+bool OpenWorldFrm();                ///< loads and shows it; false if its user has closed it in a long read
+void EnableWorldFrm(bool enabled);  ///< whether it takes input
+void UpdateWorld();                 ///< redraws the whole screen from WorldRecord
+void OpenLinkForm();                ///< the editor of link CurrentLink; WorldFrm is enabled when it closes
+void OpenTypePicker();              ///< the choice of a link's type; sets ModalDone when it closes
+void OpenWorldProperties();         ///< the scalar fields of the world; WorldFrm is enabled when it closes

@@ -191,4 +191,5 @@ struct MainFrm {
     void LoadLevelDialog();
     void SaveLevelDialog();
     void SaveCommand();
+    void WorldEditorCommand();
 };

@@ -21,6 +21,7 @@ constexpr int FontPixels = 11;
 QPalette LightPalette() {
     QPalette palette(QColor(0xDC, 0xDC, 0xDC), QColor(0xD4, 0xD4, 0xD4));
     palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE0, 0xE0, 0xE0));  // takes no text, and looks so
     palette.setColor(QPalette::AlternateBase, QColor(0xE8, 0xE8, 0xE8));
     palette.setColor(QPalette::Highlight, QColor(0x2F, 0x6F, 0xB5));
     palette.setColor(QPalette::HighlightedText, Qt::white);

@@ -23,3 +23,4 @@ void UpdateDisplay() { doubles.calls.emplace_back("UpdateDisplay"); }
 void ClearBadGuySlots() { doubles.calls.emplace_back("ClearBadGuySlots"); }
 void OpenVarsFrm() { doubles.calls.emplace_back("OpenVarsFrm"); }
 void OpenNewInfoFrm() { doubles.calls.emplace_back("OpenNewInfoFrm"); }
+void OpenTypePicker() { doubles.calls.emplace_back("OpenTypePicker"); }
