@@ -1,0 +1,266 @@
+// Times reading, composing and redrawing against baselines in the same run. Prints a line for each figure:
+// name, time, time of the baseline in microseconds, and the ratio that is wanted at most. Each is the median
+// of as many runs as the first argument says.
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+#include <QWidget>
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "core/Screens.h"
+#include "core/SharedState.h"
+#include "core/StartUp.h"
+#include "level/LevelReader.h"
+#include "level/LevelWriter.h"
+#include "platform/Application.h"
+#include "platform/Pictures.h"
+#include "platform/Surface.h"
+#include "world/WorldReader.h"
+#include "world/WorldWriter.h"
+
+namespace {
+
+constexpr int WidestLevel = 1023;
+constexpr int LargestWorldWidth = 1023;
+constexpr int LargestWorldHeight = 256;
+constexpr int ViewColumns = 18;
+constexpr int ViewRows = 15;
+
+int runs = 51;
+
+double MedianMicroseconds(const std::function<void()>& work) {
+    std::vector<double> times;
+    work();  // once to warm up
+    for (int i = 0; i < runs; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        times.push_back(std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count());
+    }
+    std::nth_element(times.begin(), times.begin() + static_cast<long>(times.size() / 2), times.end());
+    return times[times.size() / 2];
+}
+
+void Report(const char* name, const std::function<void()>& work, const std::function<void()>& baseline, double most) {
+    const double time = MedianMicroseconds(work);
+    const double base = MedianMicroseconds(baseline);
+    std::printf("%s;%.1f;%.1f;us;%.1f\n", name, time, base, most);
+    std::fflush(stdout);
+}
+
+std::string FileBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// Keeps the compiler from leaving out a baseline whose result nobody needs.
+volatile long sink = 0;
+
+/// The file from the disk, and one pass of std::from_chars over all numbers in it.
+void ScanNumbers(const std::string& path) {
+    const std::string bytes = FileBytes(path);
+    const char* at = bytes.data();
+    const char* end = at + bytes.size();
+    long sum = 0;
+    while (at < end) {
+        int number = 0;
+        const auto result = std::from_chars(at, end, number);
+        sum += number;
+        at = result.ptr == at ? at + 1 : result.ptr;
+    }
+    sink = sum;
+}
+
+/// One pass of std::to_chars that writes the numbers, with a blank behind each.
+void PrintNumbers(const std::vector<int>& numbers) {
+    static std::vector<char> text;
+    text.resize(numbers.size() * 7);
+    char* at = text.data();
+    for (const int number : numbers) {
+        at = std::to_chars(at, text.data() + text.size(), number).ptr;
+        *at++ = ' ';
+    }
+    sink = at - text.data();
+}
+
+std::vector<int> NumbersOf(const TileMap& map, int columns, int rows) {
+    std::vector<int> numbers;
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            numbers.push_back(map(column, row));
+        }
+    }
+    return numbers;
+}
+
+int AnyTile(int column, int row, int last) { return 1 + (column * 31 + row * 17) % last; }
+
+void FillLevel(int width) {
+    LevelRecord.width = width;
+    LevelRecord.height = LevelRows;
+    for (TileMap* layer : {&LevelRecord.background_tm, &LevelRecord.foreground_tm, &LevelRecord.interactive_tm}) {
+        *layer = TileMap(width, LevelRows);
+        for (int row = 0; row < LevelRows; ++row) {
+            for (int column = 0; column < width; ++column) {
+                (*layer)(column, row) = AnyTile(column, row, LastTile);
+            }
+        }
+    }
+    LevelLoaded = True;
+}
+
+void FillWorld(int width, int height) {
+    ResetWorld();
+    WorldRecord.width = width;
+    WorldRecord.height = height;
+    BuildBlankWorld();
+    for (int row = 0; row < height; ++row) {
+        for (int column = 0; column < width; ++column) {
+            WorldRecord.tiles(column, row) = AnyTile(column, row, 71);
+        }
+    }
+}
+
+void LevelFiles(const std::string& path) {
+    FillLevel(WidestLevel);
+    WriteLevelFile(path);
+    Report(
+        "Read a level of 1023 columns", [&] { ReadLevelFile(path); }, [&] { ScanNumbers(path); }, 4);
+    std::vector<int> numbers = NumbersOf(LevelRecord.background_tm, WidestLevel, LevelRows);
+    numbers.resize(3 * numbers.size());
+    std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3));
+    std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3 * 2));
+    UseUnixLineEnds();
+    Report(
+        "Compose its text", BuildLevelText, [&] { PrintNumbers(numbers); }, 4);
+}
+
+void WorldFiles(const std::string& path) {
+    FillWorld(LargestWorldWidth, LargestWorldHeight);
+    BuildWorldText();
+    WriteWorldFile(path);
+    WorldPath = path;
+    Report(
+        "Read a world of 1023 by 256", [&] { ReadWorldFile(path); }, [&] { ScanNumbers(path); }, 4);
+    const std::vector<int> numbers = NumbersOf(WorldRecord.tiles, LargestWorldWidth, LargestWorldHeight);
+    Report(
+        "Compose its text (world)", BuildWorldText, [&] { PrintNumbers(numbers); }, 4);
+}
+
+Surface* ScreenSurface(const char* name) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == QLatin1String(name)) {
+            return dynamic_cast<Surface*>(widget);
+        }
+    }
+    std::fprintf(stderr, "%s is not open\n", name);
+    std::exit(EXIT_FAILURE);
+}
+
+/// A widget without anything of ours: the same pictures at the same places, and nothing else.
+class BareWidget : public QWidget {
+public:
+    explicit BareWidget(const ImageList& pictures) : pictures_(pictures) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        setFixedSize(ViewColumns * 34, ViewRows * 34);
+        show();
+        QGuiApplication::sync();
+    }
+
+    void Redraw() {
+        ++first_;
+        repaint();
+        QGuiApplication::sync();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        for (int i = 0; i < ViewColumns * ViewRows; ++i) {
+            painter.drawPixmap(i / ViewRows * 34, i % ViewRows * 34,
+                               *pictures_[AnyTile(first_ + i / ViewRows, i % ViewRows, 71)].Pixmap());
+        }
+    }
+
+private:
+    const ImageList& pictures_;
+    int first_ = 0;
+};
+
+/// A redraw in which every cell gets another picture, painted and flushed to the display's server.
+void Redraw(Surface& surface, TileMap& map, int last, const std::function<void()>& update) {
+    static int shift = 0;
+    ++shift;
+    for (int row = 0; row < ViewRows; ++row) {
+        for (int column = 0; column < ViewColumns; ++column) {
+            map(column, row) = AnyTile(column + shift, row, last);
+        }
+    }
+    update();
+    surface.PaintMarked();
+    QGuiApplication::sync();
+}
+
+void LevelRedraws() {
+    LoadMainFrm();
+    ShowMainFrm();
+    PrefsRecord.GridState = 1;
+    Surface& surface = *ScreenSurface("MainFrm");
+    QGuiApplication::sync();
+    BareWidget bare(BlockImgList());
+    const auto redraw = [&] { Redraw(surface, LevelRecord.background_tm, 71, UpdateDisplay); };
+    FillLevel(WidestLevel);
+    Report(
+        "UpdateDisplay, painted", redraw, [&] { bare.Redraw(); }, 3);
+    const double wide = MedianMicroseconds(redraw);
+    FillLevel(21);
+    std::printf("UpdateDisplay, width 1023 to width 21;%.1f;%.1f;us;1.3\n", wide, MedianMicroseconds(redraw));
+}
+
+void WorldRedraws() {
+    PrefsRecord.SavedWorldMode = 0;
+    WorldPath.clear();
+    OpenWorldFrm();
+    Surface& surface = *ScreenSurface("WorldFrm");
+    BareWidget bare(WorldImages());
+    const auto redraw = [&] { Redraw(surface, WorldRecord.tiles, 71, UpdateWorld); };
+    FillWorld(LargestWorldWidth, LargestWorldHeight);
+    WorldReadError = 0;
+    Report(
+        "UpdateWorld, painted", redraw, [&] { bare.Redraw(); }, 3);
+    const double wide = MedianMicroseconds(redraw);
+    FillWorld(18, 15);
+    std::printf("UpdateWorld, 1023 by 256 to 18 by 15;%.1f;%.1f;us;1.3\n", wide, MedianMicroseconds(redraw));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    runs = argc > 1 ? std::atoi(argv[1]) : runs;
+    PrepareToolkit();
+    InitTextConstants();
+    InitConstants();
+    UseDosLineEnds();
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / "fb_editor_bench";
+    std::filesystem::create_directories(folder);
+    LevelFiles((folder / "level.fbl").string());
+    WorldFiles((folder / "world.fbwm").string());
+    LevelPath.clear();
+    LevelRedraws();
+    WorldRedraws();
+    std::filesystem::remove_all(folder);
+    std::fflush(stdout);
+    std::_Exit(EXIT_SUCCESS);  // the screens have nothing to save
+}
