@@ -49,7 +49,7 @@ struct VarsFrm {
     CheckBox IglooCheck;
     Label Label25;
     ImageCell FloorImg;
-    // Without logic: the ending has one sequence and one final.
+    // These four stand on the screen and do nothing.
     Label EndSeqBox;
     ScrollBar SeqScroll;
     Label EndFinalBox;

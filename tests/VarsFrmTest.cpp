@@ -1,4 +1,5 @@
 #include <QCursor>
+#include <QLineEdit>
 #include <QTimer>
 #include <QWindow>
 #include <chrono>
@@ -136,6 +137,20 @@ TEST_F(VarsFrmTest, EachWidthTypedInRangeStartsTheLevelAnew) {
     EXPECT_EQ(ScrollMaxOf("MainFrm", "MapXScroll"), 102 - 18);
     EXPECT_EQ(CaptionOf("MainFrm", "FileNameBox"), "level.fbl   [Level Width = 102]");
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+}
+
+// The box is disabled; only code can get here.
+TEST_F(VarsFrmTest, ANewHeightKeepsItsRowsButNotItsNumber) {
+    PrefsRecord.AddEndState = 1;
+    OpenVarsFrm();
+    auto& box = ControlOf<QLineEdit>(Vars, "HeightBox");
+    box.setText("14");
+    EXPECT_EQ(LevelRecord.height, 14);
+    EXPECT_EQ(LevelRecord.interactive_tm(5, 5), 7);
+    box.setText("20");
+    EXPECT_EQ(LevelRecord.interactive_tm, TileMap(120, 20));
+    EXPECT_EQ(LevelRecord.height, 15);
+    EXPECT_EQ(TextOf(Vars, "HeightBox"), "15");
 }
 
 TEST_F(VarsFrmTest, EnterShowsTheRecordAgain) {
