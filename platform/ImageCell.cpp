@@ -20,6 +20,9 @@ namespace {
 
 const QEvent::Type PaintMarkedEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
+/// The red of the selection marks: to be seen on dark pictures, on light ones and on the black box behind the map.
+constexpr QRgb BorderColour = 0xFFDC4A3D;
+
 QPoint Origin(const QWidget* container, const Surface& surface) {
     return container == &surface ? QPoint() : container->mapTo(&surface, QPoint());
 }
@@ -173,7 +176,7 @@ void Surface::paintEvent(QPaintEvent* event) {
             painter.drawPixmap(area.topLeft(), *pixmap);
         }
         if (cell->border_ != 0) {
-            painter.setPen(Qt::black);
+            painter.setPen(BorderColour);
             painter.drawRect(area.adjusted(0, 0, -1, -1));
         }
     }
