@@ -14,6 +14,14 @@ void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the ma
 void ShowFileName(const std::string& text);  ///< puts `text` into FileNameBox
 void UpdateDisplay();                        ///< redraws the whole screen from the records
 void EnableMainFrm(bool enabled);            ///< whether it takes input
+void SetMainFrmBusy(bool busy);              ///< disabled under the hourglass, as while a side screen is open
+void ClearBadGuySlots();                     ///< forgets which bad guy each sprite shows
 
 // The side screens.
-void OpenBadGuyEditor();  ///< the properties of SelectedBadGuy
+void OpenVarsFrm();                ///< the variables of the level; MainFrm is busy until it closes
+void EnableVarsFrm(bool enabled);  ///< whether it takes input
+void OpenBackGndFrm();             ///< the choice of a background; sets ModalDone when it closes
+void OpenNewInfoFrm();             ///< the texts of a new level set; sets ModalDone when it closes
+void OpenNukTextFrm();             ///< the texts of the level and of its INFO file; MainFrm is busy until it closes
+void OpenBadGuyEditor();           ///< the properties of SelectedBadGuy; MainFrm is disabled until it closes
+void OpenHelpFrm();                ///< the help text; MainFrm is disabled until it closes

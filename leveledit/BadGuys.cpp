@@ -121,7 +121,6 @@ void MainFrm::BGImg_MouseDown(int Index, int Button) {
     CurrentMode = 2;
     ModeOption[2].Select();
     if (Button == RightButton) {
-        EnableMainFrm(false);
         OpenBadGuyEditor();
     }
     UpdateDisplay();

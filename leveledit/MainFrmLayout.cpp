@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int WindowWidth = 886;
-constexpr int WindowHeight = 658;
+constexpr int WindowHeight = 662;
 
 constexpr int MapLeft = 10;
 constexpr int MapTop = 80;
@@ -143,12 +143,12 @@ void MakeReadOuts(MainFrm& form) {
         {&MainFrm::XBox, "XBox", "X", "Map Mouse X Pixel Position"},
         {&MainFrm::YBox, "YBox", "Y", "Map Mouse Y Position"},
     }};
-    form.CordsFrame.Create(form.Window, "CordsFrame", {632, 594, 244, 58}, "Cords");
+    form.CordsFrame.Create(form.Window, "CordsFrame", {632, 594, 244, 62}, "Cords");
     for (int i = 0; i < 4; ++i) {
         const ReadOutBox& readOut = Element(ReadOuts, i);
         const int left = i < 2 ? 8 : 126;
         const int captionWidth = i < 2 ? 44 : 14;
-        const int top = 17 + 19 * (i % 2);
+        const int top = 22 + 19 * (i % 2);
         Element(form.CordsLabel, i)
             .Create(form.CordsFrame, Member("CordsLabel", i), {left, top, captionWidth, 18}, readOut.caption);
         Label& box = form.*readOut.box;

@@ -3,6 +3,7 @@
 #include "core/SharedState.h"
 #include "level/LevelReader.h"
 #include "level/LevelWriter.h"
+#include "level/NewLevel.h"
 #include "leveledit/MainFrm.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
@@ -16,8 +17,13 @@ FileDialogSetup LevelDialog() { return {"*.fbl|*.fbl", UserLevelsFolder, LevelPa
 void MainFrm::TB_ButtonClick(int Position) {
     switch (Position) {
         case 2: LoadLevelDialog(); break;
+        case 4: NewLevelCommand(); break;
+        case 5: CreateLevelSet(); break;
         case 7: SaveCommand(); break;
         case 8: SaveLevelDialog(); break;
+        case 10: OpenVarsFrm(); break;
+        case 11: OpenNukTextFrm(); break;
+        case 15: OpenHelpFrm(); break;
         case 17: Window.Close(); break;
         default: break;
     }

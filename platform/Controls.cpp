@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
@@ -39,12 +40,26 @@ void RaiseFromCode(const std::function<void()>& handler) {
     }
 }
 
-/// A frame leaves the mouse to the surface below it, which paints the cells that stand in the frame.
+/// A frame leaves the mouse, and all of its inside, to the surface below it, which paints the cells that stand
+/// in the frame: the style's own frame would lay a haze over them.
 class FrameBox : public QGroupBox {
 public:
     using QGroupBox::QGroupBox;
 
 protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr int titleLeft = 8;
+        constexpr int gap = 3;
+        QPainter painter(this);
+        const int lineTop = fontMetrics().height() / 2 + 1;
+        const int titleRight = titleLeft + fontMetrics().horizontalAdvance(title()) + gap;
+        const QRect line = rect().adjusted(0, lineTop, -1, -1);
+        painter.drawText(titleLeft, fontMetrics().ascent() + 1, title());
+        painter.setPen(palette().mid().color());
+        painter.drawPolyline(QPolygon({QPoint(titleLeft - gap, line.top()), line.topLeft(), line.bottomLeft(),
+                                       line.bottomRight(), line.topRight(), QPoint(titleRight, line.top())}));
+    }
+
     void mousePressEvent(QMouseEvent* event) override { event->ignore(); }
     void mouseMoveEvent(QMouseEvent* event) override { event->ignore(); }
     void mouseReleaseEvent(QMouseEvent* event) override { event->ignore(); }

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr int InputBoxWidth = 360;  // pixels; room for the title
+
 QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
     switch (buttons) {
         case MessageButtons::Ok: return QMessageBox::Ok;
@@ -67,10 +69,11 @@ Int16 MessageBox(const std::string& text, const std::string& title, MessageButto
 }
 
 std::string InputBox(const std::string& prompt, const std::string& title) {
-    bool accepted = false;
-    const QString text =
-        QInputDialog::getText(nullptr, ShownText(title), ShownText(prompt), QLineEdit::Normal, {}, &accepted);
-    return accepted ? TextBytes(text) : std::string();
+    QInputDialog dialog;
+    dialog.setWindowTitle(ShownText(title));
+    dialog.setLabelText(ShownText(prompt));
+    dialog.resize(dialog.sizeHint().expandedTo({InputBoxWidth, 0}));
+    return dialog.exec() == QDialog::Accepted ? TextBytes(dialog.textValue()) : std::string();
 }
 
 std::string OpenFileDialog(const FileDialogSetup& setup) { return RunFileDialog(setup, QFileDialog::AcceptOpen); }

@@ -40,5 +40,5 @@ std::string SaveFileDialog(const FileDialogSetup& setup);
 /// status 1, at once: nothing is saved, no screen is asked. (A test's double returns.)
 void EndWithFault(const Fault& fault);
 
-/// Ends the process with exit status 0, at once. (A test's double returns.)
+/// Ends the process with exit status 0, at once. (A test's double throws or returns.)
 void EndProcess();

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QWindow>
 
 #include "platform/EventQueue.h"
 #include "platform/Events.h"
@@ -33,6 +34,13 @@ void Screen::Show() {
         window_->activateWindow();
     }
     shown_ = true;
+}
+
+void Screen::KeepAbove(const Screen& other) {
+    window_->setWindowFlags(window_->windowFlags() | Qt::Dialog);  // other kinds stand for themselves
+    window_->winId();  // makes the windows of the desktop, which exist from the first showing on otherwise
+    other.window_->winId();
+    window_->windowHandle()->setTransientParent(other.window_->windowHandle());
 }
 
 void Screen::ShowIfNeverShown() {
@@ -80,4 +88,4 @@ void Screen::SetDefaultPointer() { window_->unsetCursor(); }
 
 void Screen::SetHourglass() { window_->setCursor(Qt::WaitCursor); }
 
-void Screen::SetPointer(const Picture& picture) { window_->setCursor(QCursor(*picture.Pixmap())); }
+void Screen::SetPointer(const Picture& picture) { window_->setCursor(QCursor(*picture.Pixmap(), 1, 1)); }

@@ -27,6 +27,10 @@ public:
     void Show();
     void Hide();
 
+    /// Stays in front of `other` from its next showing on, also when the user clicks that one: a screen that takes
+    /// no input must not hide the one that the user is meant to answer.
+    void KeepAbove(const Screen& other);
+
     /// Shows a screen whose loading is still under way, so that its user has a window.
     void ShowIfNeverShown();
 
@@ -46,6 +50,8 @@ public:
 
     void SetDefaultPointer();
     void SetHourglass();
+
+    /// A pointer of the given picture that points with its upper left corner.
     void SetPointer(const Picture& picture);
 
     /// What gives up the object that holds this screen once it has closed; the platform destroys that when no

@@ -20,3 +20,6 @@ void ShowMainFrm() { doubles.calls.emplace_back("ShowMainFrm"); }
 void SetMapXScrollMax(Int16 maximum) { doubles.mapXScrollMax = maximum; }
 void ShowFileName(const std::string& text) { doubles.calls.push_back("ShowFileName " + text); }
 void UpdateDisplay() { doubles.calls.emplace_back("UpdateDisplay"); }
+void ClearBadGuySlots() { doubles.calls.emplace_back("ClearBadGuySlots"); }
+void OpenVarsFrm() { doubles.calls.emplace_back("OpenVarsFrm"); }
+void OpenNewInfoFrm() { doubles.calls.emplace_back("OpenNewInfoFrm"); }

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -18,14 +19,20 @@
 
 namespace {
 
-std::vector<Surface*> OpenSurfaces() {
+/// All screens, also those that are hidden or whose loading has failed.
+std::vector<Surface*> LoadedSurfaces() {
     std::vector<Surface*> surfaces;
     for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* surface = dynamic_cast<Surface*>(widget);
-        if (surface != nullptr && surface->isVisible()) {
+        if (auto* surface = dynamic_cast<Surface*>(widget)) {
             surfaces.push_back(surface);
         }
     }
+    return surfaces;
+}
+
+std::vector<Surface*> OpenSurfaces() {
+    std::vector<Surface*> surfaces = LoadedSurfaces();
+    std::erase_if(surfaces, [](const Surface* surface) { return !surface->isVisible(); });
     return surfaces;
 }
 
@@ -54,8 +61,9 @@ void ResetState() {
 
 void ScreenTest::SetUp() {
     const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    folder = std::filesystem::temp_directory_path() /
-             ("fb_editor_" + std::string(info->test_suite_name()) + "_" + info->name());
+    std::string name = "fb_editor_" + std::string(info->test_suite_name()) + "_" + info->name();
+    std::replace(name.begin(), name.end(), '/', '_');  // of tests with parameters
+    folder = std::filesystem::temp_directory_path() / name;
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     ResetState();
@@ -63,7 +71,7 @@ void ScreenTest::SetUp() {
 }
 
 void ScreenTest::TearDown() {
-    for (Surface* surface : OpenSurfaces()) {
+    for (Surface* surface : LoadedSurfaces()) {
         surface->takesInput = true;
         surface->close();
     }

@@ -38,4 +38,9 @@ std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(set
 
 void EndWithFault(const Fault& fault) { dialogs.fatalFault = fault.Number(); }
 
-void EndProcess() { dialogs.ended = true; }
+void EndProcess() {
+    dialogs.ended = true;
+    if (dialogs.endThrows) {
+        throw ProcessEnded();
+    }
+}

@@ -94,6 +94,7 @@ TEST(WorldScannerTest, AnUnclosedTextYieldsForEver) {
 // --- Files that read ---
 
 TEST_F(WorldReaderTest, ReadsEveryField) {
+    WorldChanged = True;
     Read(
         ";; head\n; second\n(Floebird-WorldMap\n"
         "(levels ; to all\n(level (name \"a.fbl\")(X 1)(y 2)(extro-filename \"e\"))\n"
@@ -104,6 +105,7 @@ TEST_F(WorldReaderTest, ReadsEveryField) {
         "(properties (music \"M.MOD\")(start_pos_y 7)(start_pos_x 6)(name \"N (x)\")))\n");
     ASSERT_EQ(WorldReadError, 0);
     EXPECT_EQ(WorldLoaded, True);
+    EXPECT_EQ(WorldChanged, False);
 
     World expected{};
     expected.name = "N (x)";
@@ -240,7 +242,7 @@ TEST_F(WorldReaderTest, FormatErrorsHaveNumbers) {
         {1, "(floebird-worldmap (levels (level (x 1)"},
         {1, "(floebird-worldmap (levels (level (x"},
         {1, "(other"},
-        {3, tilemap("(width 0)")},
+        {3, tilemap("(width 0)(data)")},
         {3, tilemap("(height -1)")},
         {4, "(floebird-worldmap (links))\n"},
         {4, "(floebird-worldmap x)\n"},

@@ -36,9 +36,9 @@ protected:
         AddInNewLink(4, 5);
         WorldLink& link = WorldRecord.levels[CurrentLink];
         link.type = type;
-        link.comment = ";; c";
-        link.name = "n";
-        link.message = "m";
+        link.comment = ";; comment";
+        link.name = "one.fbl";
+        link.message = "hello";
         link.dest_x = 6;
         link.dest_y = -7;
         return link;
@@ -90,14 +90,14 @@ TEST_F(WorldWriterTest, LinksByType) {
     const LinkCase cases[] = {
         {NoLink, [](WorldLink&) {}, "     (level ", 48},
         {9, [](WorldLink&) {}, "     (level ", 48},
-        {CommentLink, [](WorldLink&) {}, "     (level         ;; c\n", 49},
+        {CommentLink, [](WorldLink&) {}, "     (level         ;; comment\n", 49},
         {LevelLink, [](WorldLink&) {},
-         "     (level (name \"n\")\n"
+         "     (level (name \"one.fbl\")\n"
          "           (x  4)\n"
          "           (y  5))\n",
          0},
         {LevelLink, [](WorldLink& link) { link.extro_filename = " e f "; },
-         "     (level (name \"n\")\n"
+         "     (level (name \"one.fbl\")\n"
          "           (x  4)\n"
          "           (y  5)\n"
          "           (extro-filename \"e f\"))\r\n",
@@ -108,7 +108,7 @@ TEST_F(WorldWriterTest, LinksByType) {
          "           (y  5))\n",
          34},
         {MessageLink, [](WorldLink&) {},
-         "     (level  (map-message \"m\")\n"
+         "     (level  (map-message \"hello\")\n"
          "           (x 4)\n"
          "           (y 5)\n"
          ")\n",
@@ -120,7 +120,7 @@ TEST_F(WorldWriterTest, LinksByType) {
              link.apply_action_left = "l";
              link.apply_action_right = "r";
          },
-         "     (level  (map-message \"m\")\n"
+         "     (level  (map-message \"hello\")\n"
          "           (x 4)\n"
          "           (y 5)\n"
          "           (apply-action-left #l)\n"
@@ -132,7 +132,7 @@ TEST_F(WorldWriterTest, LinksByType) {
         {TeleportLink, [](WorldLink&) {},
          "     (level            (x 4)\n"
          "           (y 5)\n"
-         "           (teleport-message \"m\")\n"
+         "           (teleport-message \"hello\")\n"
          "           (dest_x 6)\n"
          "           (dest_y -7))\n",
          0},
@@ -158,7 +158,7 @@ TEST_F(WorldWriterTest, LinksByType) {
         AddLink(LevelLink);
         BuildWorldText();
         EXPECT_EQ(WorldOutput, Front + std::string(linkCase.text) +
-                                   "     (level (name \"n\")\n           (x  4)\n           (y  5))\n" + Back);
+                                   "     (level (name \"one.fbl\")\n           (x  4)\n           (y  5))\n" + Back);
         Read(WorldOutput);
         EXPECT_EQ(WorldReadError, linkCase.readError);
     }

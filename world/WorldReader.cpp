@@ -232,11 +232,9 @@ void ParseText(WorldScanner& in) {
 /// runs straight into the second.
 std::string WholeText(int file) {
     std::string text = LineInput(file);
-    if (std::ssize(text) < FileLength(file)) {
-        while (!AtEndOfFile(file)) {
-            text += LineInput(file);
-            text += '\n';
-        }
+    while (!AtEndOfFile(file)) {
+        text += LineInput(file);
+        text += '\n';
     }
     return text;
 }

@@ -1,0 +1,66 @@
+#include "sidescreens/HelpFrm.h"
+
+#include "core/General.h"
+#include "core/Screens.h"
+#include "core/SharedState.h"
+#include "level/LevelWriter.h"
+#include "platform/Files.h"
+
+std::string HelpText;
+
+namespace {
+
+constexpr auto Saved = static_cast<std::size_t>(ScreenIndex::HelpFrm);
+
+}  // namespace
+
+void HelpFrm::Load() {
+    MakeControls();
+    Updating = true;
+    Window.Restore(PrefsRecord.ScreenLeft[Saved], PrefsRecord.ScreenTop[Saved], false);
+    HelpFileName = JoinPath(ProgramFolder(), "FB_Editor.Help");
+    if (HelpText.empty()) {
+        LoadHelpText();
+    }
+    HelpBox.SetText(HelpText);
+    Updating = false;
+    SaveHelpCmd.SetVisible(false);
+}
+
+void HelpFrm::Unload() {
+    PrefsRecord.ScreenLeft[Saved] = Window.Left();
+    PrefsRecord.ScreenTop[Saved] = Window.Top();
+    EnableMainFrm(true);
+}
+
+void HelpFrm::LoadHelpText() {
+    HelpText.clear();
+    try {
+        const int file = FreeFileNumber();
+        OpenForInput(file, HelpFileName);
+        while (!AtEndOfFile(file)) {
+            HelpText += LineInput(file) + "\r\n";
+        }
+        CloseFile(file);
+    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): without the file the box is empty
+    }
+}
+
+void HelpFrm::HelpBox_Change() {
+    if (!Updating) {
+        SaveHelpCmd.SetVisible(true);
+    }
+}
+
+void HelpFrm::SaveHelpCmd_Click() {
+    DummyCmd.SetFocus();
+    HelpText = HelpBox.Text();
+    DeleteFileQuietly(HelpFileName);
+    WriteTextFile(HelpFileName, HelpText);
+    SaveHelpCmd.SetVisible(false);
+}
+
+void HelpFrm::CloseCmd_Click() {
+    DummyCmd.SetFocus();
+    Window.Close();
+}

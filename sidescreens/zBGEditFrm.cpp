@@ -1,0 +1,62 @@
+#include "sidescreens/zBGEditFrm.h"
+
+#include "core/Screens.h"
+#include "core/SharedState.h"
+
+namespace {
+
+constexpr auto Saved = static_cast<std::size_t>(ScreenIndex::zBGEditFrm);
+
+BadGuy& Selected() { return LevelRecord.objects[SelectedBadGuy]; }
+
+/// The last position that a scroll bar reaches in a level of so many tiles.
+Int16 LastPixel(Int16 tiles) { return (tiles - 1) * TileSize - 1; }
+
+}  // namespace
+
+void zBGEditFrm::Load() {
+    MakeControls();
+    Window.Restore(PrefsRecord.ScreenLeft[Saved], PrefsRecord.ScreenTop[Saved], true);
+    zBGXScroll.SetMax(LastPixel(LevelRecord.width));
+    zBGYScroll.SetMax(LastPixel(LevelRecord.height));
+    UpdateBadGuyDisplay();
+}
+
+void zBGEditFrm::Unload() {
+    PrefsRecord.ScreenLeft[Saved] = Window.Left();
+    PrefsRecord.ScreenTop[Saved] = Window.Top();
+    EnableMainFrm(true);
+}
+
+void zBGEditFrm::UpdateBadGuyDisplay() {
+    Updating = true;
+    const BadGuy& badGuy = Selected();
+    zNameBox.SetCaption(Element(BadGuyTypeTable, badGuy.kind).DisplayName);
+    zBGNumBox.SetCaption(std::to_string(SelectedBadGuy));
+    zXBox.SetCaption(std::to_string(badGuy.x));
+    zYBox.SetCaption(std::to_string(badGuy.y));
+    zStayCheck.SetValue(badGuy.stay_on_platform);
+    zBGXScroll.SetValue(badGuy.x);
+    zBGYScroll.SetValue(badGuy.y);
+    Updating = false;
+}
+
+void zBGEditFrm::zStayCheck_Click() {
+    if (!Updating) {
+        Selected().stay_on_platform = zStayCheck.Value();
+    }
+}
+
+void zBGEditFrm::zBGXScroll_Change() {
+    if (!Updating) {
+        Selected().x = zBGXScroll.Value();
+        UpdateDisplay();
+    }
+}
+
+void zBGEditFrm::zBGYScroll_Change() {
+    if (!Updating) {
+        Selected().y = zBGYScroll.Value();
+        UpdateDisplay();
+    }
+}
