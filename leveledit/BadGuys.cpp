@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/General.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "leveledit/MainFrm.h"
@@ -7,9 +8,6 @@
 #include "platform/Texts.h"
 
 namespace {
-
-constexpr int Backspace = 8;
-constexpr int Enter = 13;
 
 const char* StayText(const BadGuy& badGuy) {
     return badGuy.stay_on_platform != 0 ? ", Stay On Platform = YES" : ", Stay On Platform = NO";
@@ -149,11 +147,7 @@ void MainFrm::StayCheck_Click(int Index) {
 }
 
 bool MainFrm::BGUBox_KeyPress(int KeyAscii) {
-    if (KeyAscii == Enter) {
-        DrawMap();
-        return false;
-    }
-    return KeyAscii == Backspace || IsDigit(KeyAscii);
+    return PassesNumberBox(KeyAscii, [this] { DrawMap(); });
 }
 
 void MainFrm::BGUXBox_Change(int Index) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ScreenPositions.h"
 #include "core/SharedState.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
@@ -9,7 +10,7 @@
 
 void MainFrm::Load() {
     MakeControls();
-    Window.Restore(PrefsRecord.ScreenLeft[0], PrefsRecord.ScreenTop[0], true);
+    RestorePosition(Window, ScreenIndex::MainFrm, true);
     Window.SetTitle(TitleText);
     RestoreControls();
     RestoreLevel();
@@ -72,8 +73,7 @@ void MainFrm::OfferAnotherLevel() {
 }
 
 void MainFrm::Unload() {
-    PrefsRecord.ScreenLeft[0] = Window.Left();
-    PrefsRecord.ScreenTop[0] = Window.Top();
+    StorePosition(Window, ScreenIndex::MainFrm);
     PrefsRecord.SavedTile = CurrentTile;
     PrefsRecord.SavedLayer = CurrentLayer;
     PrefsRecord.SavedMode = CurrentMode;

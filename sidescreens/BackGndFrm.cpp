@@ -1,13 +1,12 @@
 #include "sidescreens/BackGndFrm.h"
 
 #include "core/General.h"
+#include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "platform/Texts.h"
 
 namespace {
-
-constexpr auto Index = static_cast<std::size_t>(ScreenIndex::BackGndFrm);
 
 /// Pictures of this format are never opened. The three letters decide, even without a point before them.
 bool EndsInPng(const std::string& path) { return LowerCase(path).ends_with("png"); }
@@ -38,7 +37,7 @@ void BackGndFrm::MakeControls() {
 
 void BackGndFrm::Load() {
     MakeControls();
-    Window.Restore(PrefsRecord.ScreenLeft[Index], PrefsRecord.ScreenTop[Index], false);
+    RestorePosition(Window, ScreenIndex::BackGndFrm, false);
     ImageFiles.SetFolder(BackgroundFolder);
     DummyCmd.SetFocus();
 }
@@ -56,8 +55,7 @@ void BackGndFrm::OKCmd_Click() {
 }
 
 void BackGndFrm::Unload() {
-    PrefsRecord.ScreenLeft[Index] = Window.Left();
-    PrefsRecord.ScreenTop[Index] = Window.Top();
+    StorePosition(Window, ScreenIndex::BackGndFrm);
     ModalDone = True;
     EnableVarsFrm(true);
 }

@@ -1,6 +1,7 @@
 #include "sidescreens/HelpFrm.h"
 
 #include "core/General.h"
+#include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/LevelWriter.h"
@@ -8,16 +9,10 @@
 
 std::string HelpText;
 
-namespace {
-
-constexpr auto Saved = static_cast<std::size_t>(ScreenIndex::HelpFrm);
-
-}  // namespace
-
 void HelpFrm::Load() {
     MakeControls();
     Updating = true;
-    Window.Restore(PrefsRecord.ScreenLeft[Saved], PrefsRecord.ScreenTop[Saved], false);
+    RestorePosition(Window, ScreenIndex::HelpFrm, false);
     HelpFileName = JoinPath(ProgramFolder(), "FB_Editor.Help");
     if (HelpText.empty()) {
         LoadHelpText();
@@ -28,8 +23,7 @@ void HelpFrm::Load() {
 }
 
 void HelpFrm::Unload() {
-    PrefsRecord.ScreenLeft[Saved] = Window.Left();
-    PrefsRecord.ScreenTop[Saved] = Window.Top();
+    StorePosition(Window, ScreenIndex::HelpFrm);
     EnableMainFrm(true);
 }
 

@@ -1,12 +1,11 @@
 #include "sidescreens/NewInfoFrm.h"
 
+#include "core/ScreenPositions.h"
 #include "core/SharedState.h"
 #include "platform/Dialogs.h"
 #include "platform/Texts.h"
 
 namespace {
-
-constexpr auto Index = static_cast<std::size_t>(ScreenIndex::NewInfoFrm);
 
 /// True if `box` has a text; else tells the user that `what` is missing.
 bool IsFilled(const TextBox& box, const char* what) {
@@ -41,7 +40,7 @@ void NewInfoFrm::MakeControls() {
 
 void NewInfoFrm::Load() {
     MakeControls();
-    Window.Restore(PrefsRecord.ScreenLeft[Index], PrefsRecord.ScreenTop[Index], false);
+    RestorePosition(Window, ScreenIndex::NewInfoFrm, false);
     NewInfo.title.clear();
     NewInfo.description.clear();
     TitleBox.SetText(NewInfo.title);
@@ -67,7 +66,6 @@ void NewInfoFrm::CancelCmd_Click() {
 }
 
 void NewInfoFrm::Unload() {
-    PrefsRecord.ScreenLeft[Index] = Window.Left();
-    PrefsRecord.ScreenTop[Index] = Window.Top();
+    StorePosition(Window, ScreenIndex::NewInfoFrm);
     ModalDone = True;
 }

@@ -1,6 +1,7 @@
 #include "sidescreens/NukTextFrm.h"
 
 #include "core/General.h"
+#include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/InfoFile.h"
@@ -8,15 +9,9 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 
-namespace {
-
-constexpr auto Saved = static_cast<std::size_t>(ScreenIndex::NukTextFrm);
-
-}  // namespace
-
 void NukTextFrm::Load() {
     MakeControls();
-    Window.Restore(PrefsRecord.ScreenLeft[Saved], PrefsRecord.ScreenTop[Saved], false);
+    RestorePosition(Window, ScreenIndex::NukTextFrm, false);
     InfoName = InfoPath.empty() ? LevelPath : InfoPath;
     ShowInfo();
     BuildLevelText();
@@ -24,8 +19,7 @@ void NukTextFrm::Load() {
 }
 
 void NukTextFrm::Unload() {
-    PrefsRecord.ScreenLeft[Saved] = Window.Left();
-    PrefsRecord.ScreenTop[Saved] = Window.Top();
+    StorePosition(Window, ScreenIndex::NukTextFrm);
     InfoPath = InfoName;
     SetMainFrmBusy(false);
 }

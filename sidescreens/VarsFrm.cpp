@@ -2,6 +2,7 @@
 
 #include "core/General.h"
 #include "core/ModalWaits.h"
+#include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/LevelEnding.h"
@@ -12,10 +13,6 @@
 
 namespace {
 
-constexpr auto Index = static_cast<std::size_t>(ScreenIndex::VarsFrm);
-
-constexpr int Backspace = 8;
-constexpr int Enter = 13;
 constexpr int DefaultFloorTile = 26;
 
 // A width or height that is being typed counts within these bounds only.
@@ -78,15 +75,14 @@ void VarsFrm::Load() {
     for (const FieldBox& entry : FieldBoxes) {
         (this->*entry.box).Change = [this, &entry] { FieldBox_Change(entry); };
     }
-    Window.Restore(PrefsRecord.ScreenLeft[Index], PrefsRecord.ScreenTop[Index], false);
+    RestorePosition(Window, ScreenIndex::VarsFrm, false);
     CorrectFlag(PrefsRecord.AddEndState);
     CorrectFlag(PrefsRecord.IglooState);
     UpdateVarsDisplay();
 }
 
 void VarsFrm::Unload() {
-    PrefsRecord.ScreenLeft[Index] = Window.Left();
-    PrefsRecord.ScreenTop[Index] = Window.Top();
+    StorePosition(Window, ScreenIndex::VarsFrm);
     SetMainFrmBusy(false);
     if (IsBlank(PrefsRecord.DefaultAuthor)) {
         PrefsRecord.DefaultAuthor = LevelRecord.author;
@@ -167,11 +163,7 @@ void VarsFrm::HeightBox_Change() {
 }
 
 bool VarsFrm::SizeBox_KeyPress(int KeyAscii) {
-    if (KeyAscii == Enter) {
-        UpdateVarsDisplay();
-        return false;
-    }
-    return KeyAscii == Backspace || IsDigit(KeyAscii);
+    return PassesNumberBox(KeyAscii, [this] { UpdateVarsDisplay(); });
 }
 
 void VarsFrm::BackScrollCheck_Click() {

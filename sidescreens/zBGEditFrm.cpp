@@ -1,11 +1,10 @@
 #include "sidescreens/zBGEditFrm.h"
 
+#include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 
 namespace {
-
-constexpr auto Saved = static_cast<std::size_t>(ScreenIndex::zBGEditFrm);
 
 BadGuy& Selected() { return LevelRecord.objects[SelectedBadGuy]; }
 
@@ -16,15 +15,14 @@ Int16 LastPixel(Int16 tiles) { return (tiles - 1) * TileSize - 1; }
 
 void zBGEditFrm::Load() {
     MakeControls();
-    Window.Restore(PrefsRecord.ScreenLeft[Saved], PrefsRecord.ScreenTop[Saved], true);
+    RestorePosition(Window, ScreenIndex::zBGEditFrm, true);
     zBGXScroll.SetMax(LastPixel(LevelRecord.width));
     zBGYScroll.SetMax(LastPixel(LevelRecord.height));
     UpdateBadGuyDisplay();
 }
 
 void zBGEditFrm::Unload() {
-    PrefsRecord.ScreenLeft[Saved] = Window.Left();
-    PrefsRecord.ScreenTop[Saved] = Window.Top();
+    StorePosition(Window, ScreenIndex::zBGEditFrm);
     EnableMainFrm(true);
 }
 
