@@ -5,10 +5,10 @@
 namespace {
 
 struct LabelPlace {
-    Label zBGEditFrm::*label;
-    const char* name;
+    Label zBGEditFrm::*label = nullptr;
+    const char* name = "";
     Place place;
-    const char* caption;
+    const char* caption = "";
 };
 
 /// What is told about the bad guy, beside its picture.
@@ -19,10 +19,10 @@ void MakeFacts(zBGEditFrm& form) {
         {&zBGEditFrm::YLabel, "YLabel", {178, 62, 12, 18}, "Y"},
     };
     static constexpr LabelPlace ReadOuts[]{
-        {&zBGEditFrm::zNameBox, "zNameBox", {98, 16, 298, 18}, ""},
-        {&zBGEditFrm::zBGNumBox, "zBGNumBox", {194, 39, 56, 18}, ""},
-        {&zBGEditFrm::zXBox, "zXBox", {114, 62, 56, 18}, ""},
-        {&zBGEditFrm::zYBox, "zYBox", {194, 62, 56, 18}, ""},
+        {&zBGEditFrm::zNameBox, "zNameBox", {98, 16, 298, 18}},
+        {&zBGEditFrm::zBGNumBox, "zBGNumBox", {194, 39, 56, 18}},
+        {&zBGEditFrm::zXBox, "zXBox", {114, 62, 56, 18}},
+        {&zBGEditFrm::zYBox, "zYBox", {194, 62, 56, 18}},
     };
     for (const LabelPlace& caption : Captions) {
         (form.*caption.label).Create(form.Window, caption.name, caption.place, caption.caption);
