@@ -15,12 +15,12 @@ void WorldFrm::Load() {
     MakeControls();
     RestorePosition(Window, ScreenIndex::WorldFrm, true);
     LinkFrame.Move(TilesFrame.Left(), TilesFrame.Top());
+    ShowModePanel();
     Window.Show();
     YieldToEventQueue();
     FavEdit = 0;
     FileNameBox.SetCaption("");
     RestoreWorld();
-    ShowModePanel();
     Element(ModeOption, WorldMode).Select();
     ClearReadOuts();
     CurrentLink = -1;
@@ -38,6 +38,7 @@ void WorldFrm::RestoreWorld() {
     ReadWorldFile(WorldPath);
     const Int16 mode = PrefsRecord.SavedWorldMode;
     WorldMode = mode >= 0 && mode < static_cast<int>(ModeOption.size()) ? mode : Int16(0);
+    ShowModePanel();
     RestoreScroll();
 }
 
