@@ -52,7 +52,7 @@ void ReadInfoLines(const std::string& path) {
 void ReadInfoFile(const std::string& path) {
     try {
         WithMemoryFaults([&] { ReadInfoLines(FolderOf(path) + "info"); });
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): a level set without `info` is no failure
+    } catch (const Fault&) {  // a level set without `info` is no failure
     }
     CloseFile(ReadFileNum);
 }
@@ -74,7 +74,7 @@ void WriteInfoFile(const std::string& path) {
     DeleteFileQuietly(path);
     try {
         WriteTextFile(path, InfoText);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): reports no failure
+    } catch (const Fault&) {  // reports no failure
     }
     YieldToEventQueue();
 }
