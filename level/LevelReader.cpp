@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "core/MapGrid.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/InfoFile.h"
@@ -26,9 +27,6 @@ constexpr std::size_t LongestDosFirstLine = 256;
 
 /// Narrower levels cannot be played, and a file that names such a width leaves the maps alone.
 constexpr int NarrowestLevel = 21;
-
-/// Columns that the map view shows.
-constexpr int ViewColumns = 18;
 
 /// What a routine for a keyword tells the loop over the body's lines.
 enum class Body { GoesOn, Ends };

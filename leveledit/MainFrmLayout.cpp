@@ -10,10 +10,6 @@ constexpr int WindowHeight = 662;
 
 constexpr int MapLeft = 10;
 constexpr int MapTop = 80;
-constexpr int CellSize = 32;
-constexpr int CellPitch = 34;
-constexpr int MapWidth = MainFrm::ViewColumns * CellPitch - (CellPitch - CellSize);
-constexpr int MapHeight = MainFrm::ViewRows * CellPitch - (CellPitch - CellSize);
 constexpr int MapMargin = 4;  // of the black box around the cells
 
 constexpr Place SidePanel{632, 162, 244, 430};  // of the three frames that take turns
@@ -57,13 +53,12 @@ std::string Member(const char* name, int index) { return std::string(name) + "("
 void MakeMap(MainFrm& form) {
     form.GridBackBox.Create(
         form.Window, "GridBackBox",
-        {MapLeft - MapMargin, MapTop - MapMargin, MapWidth + 2 * MapMargin, MapHeight + 2 * MapMargin});
+        {MapLeft - MapMargin, MapTop - MapMargin, GridWidth + 2 * MapMargin, GridHeight + 2 * MapMargin});
     form.GridBackBox.SetFill(0x000000);
-    for (int i = 0; i < MainFrm::Cells; ++i) {
+    for (int i = 0; i < ViewCells; ++i) {
         ImageCell& cell = Element(form.Img, i);
         cell.Create(form.Window, Member("Img", i),
-                    {MapLeft + CellPitch * (i / MainFrm::ViewRows), MapTop + CellPitch * (i % MainFrm::ViewRows),
-                     CellSize, CellSize});
+                    {MapLeft + CellPitch * CellColumn(i), MapTop + CellPitch * CellRow(i), CellSize, CellSize});
         cell.MouseDown = [&form, i](int Button, int, int X, int Y) { form.Img_MouseDown(i, Button, X, Y); };
         cell.MouseMove = [&form, i](int, int, int X, int Y) { form.Img_MouseMove(i, X, Y); };
         cell.Click = [&form, i] { form.Img_Click(i); };
@@ -83,7 +78,7 @@ void MakeMap(MainFrm& form) {
     form.ResetImg.SetToolTip("Reset Point");
     form.ResetImg.SetVisible(false);
     form.ResetImg.MouseMove = [&form](int, int, int, int) { form.ResetImg_MouseMove(); };
-    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, 596, MapWidth, 17}, Direction::Horizontal,
+    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, 596, GridWidth, 17}, Direction::Horizontal,
                            {.largeChange = 16});
     form.MapXScroll.SetAccessibleName("First map column");
     form.MapXScroll.Change = [&form] { form.MapXScroll_Change(); };
@@ -95,7 +90,7 @@ void MakeMap(MainFrm& form) {
 void MakeTopRow(MainFrm& form) {
     form.TB.Create(form.Window, "TB", {6, 2, WindowWidth - 12, 46}, ToolBarButtons, TBImages());
     form.TB.ButtonClick = [&form](int Position) { form.TB_ButtonClick(Position); };
-    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 53, MapWidth, 19},
+    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 53, GridWidth, 19},
                             "Click here to open an existing Floebird Level file.");
     form.FileNameBox.SetSunken();
     form.FileNameBox.SetToolTip("Level Map Filename - Click To Load Another Level Map");

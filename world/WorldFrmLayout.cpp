@@ -9,10 +9,6 @@ constexpr int WindowHeight = 630;
 
 constexpr int MapLeft = 12;
 constexpr int MapTop = 90;
-constexpr int CellSize = 32;
-constexpr int CellPitch = 34;
-constexpr int MapWidth = WorldFrm::ViewColumns * CellPitch - (CellPitch - CellSize);
-constexpr int MapHeight = WorldFrm::ViewRows * CellPitch - (CellPitch - CellSize);
 constexpr int ScrollSize = 17;
 
 constexpr int PanelLeft = 654;
@@ -31,9 +27,9 @@ constexpr std::array<const char*, 5> Modes{
 std::string Member(const char* name, int index) { return std::string(name) + "(" + std::to_string(index) + ")"; }
 
 void MakeTopRow(WorldFrm& form) {
-    form.WTB.Create(form.Window, "WTB", {8, 10, MapWidth, 36}, ToolBarButtons, WTBImages());
+    form.WTB.Create(form.Window, "WTB", {8, 10, GridWidth, 36}, ToolBarButtons, WTBImages());
     form.WTB.ButtonClick = [&form](int Position) { form.WTB_ButtonClick(Position); };
-    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 60, MapWidth, 19});
+    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 60, GridWidth, 19});
     form.FileNameBox.SetSunken();
     form.FileNameBox.SetToolTip("Click to open a Floebird World Map file.");
     form.FileNameBox.Click = [&form] { form.FileNameBox_Click(); };
@@ -41,11 +37,10 @@ void MakeTopRow(WorldFrm& form) {
 
 void MakeMap(WorldFrm& form) {
     form.BlankImg = FixedPicture("BlankImg");
-    for (int i = 0; i < WorldFrm::Cells; ++i) {
+    for (int i = 0; i < ViewCells; ++i) {
         ImageCell& cell = Element(form.Img, i);
         cell.Create(form.Window, Member("Img", i),
-                    {MapLeft + CellPitch * (i / WorldFrm::ViewRows), MapTop + CellPitch * (i % WorldFrm::ViewRows),
-                     CellSize, CellSize});
+                    {MapLeft + CellPitch * CellColumn(i), MapTop + CellPitch * CellRow(i), CellSize, CellSize});
         cell.SetPicture(form.BlankImg);
         cell.MouseDown = [&form, i](int Button, int, int, int) { form.Img_MouseDown(i, Button); };
         cell.MouseMove = [&form, i](int, int, int, int) { form.Img_MouseMove(i); };
@@ -65,11 +60,11 @@ void MakeMap(WorldFrm& form) {
 
 // The maxima stand until the first map is shown.
 void MakeMapScrolls(WorldFrm& form) {
-    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, MapTop + MapHeight + 4, MapWidth, ScrollSize},
-                           Direction::Horizontal, {.maximum = 1, .largeChange = WorldFrm::ViewColumns - 2});
+    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, MapTop + GridHeight + 4, GridWidth, ScrollSize},
+                           Direction::Horizontal, {.maximum = 1, .largeChange = ViewColumns - 2});
     form.MapXScroll.SetAccessibleName("First map column");
-    form.MapYScroll.Create(form.Window, "MapYScroll", {MapLeft + MapWidth + 4, MapTop, ScrollSize, MapHeight},
-                           Direction::Vertical, {.maximum = 3, .largeChange = WorldFrm::ViewRows - 2});
+    form.MapYScroll.Create(form.Window, "MapYScroll", {MapLeft + GridWidth + 4, MapTop, ScrollSize, GridHeight},
+                           Direction::Vertical, {.maximum = 3, .largeChange = ViewRows - 2});
     form.MapYScroll.SetAccessibleName("First map row");
     for (ScrollBar* bar : {&form.MapXScroll, &form.MapYScroll}) {
         bar->Change = [&form] { form.MapScroll_Change(); };
