@@ -20,16 +20,7 @@ constexpr std::string_view TitleKeyword = "(TITLE";
 constexpr std::string_view DescriptionKeyword = "(DESCRIPTION";
 
 void ReadInfoLines(const std::string& path) {
-    ReadFileNum = FreeFileNumber();
-    OpenForInput(ReadFileNum, path);
-    FirstLine = LineInput(ReadFileNum);
-    LinePos = 1;
-    LfMode = FirstLine.size() > LongestDosFirstLine;
-    if (LfMode) {
-        ReadNextLine();
-    } else {
-        CurrentLine = FirstLine;
-    }
+    ReadFirstLine(path, LongestDosFirstLine);
     do {
         const std::string line(Trim(CurrentLine));
         const std::string keyword = UpperCase(line.substr(0, DescriptionKeyword.size()));
