@@ -19,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "core/MapGrid.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "core/StartUp.h"
@@ -35,8 +36,6 @@ namespace {
 constexpr int WidestLevel = 1023;
 constexpr int LargestWorldWidth = 1023;
 constexpr int LargestWorldHeight = 256;
-constexpr int ViewColumns = 18;
-constexpr int ViewRows = 15;
 
 int runs = 51;
 
@@ -173,7 +172,7 @@ class BareWidget : public QWidget {
 public:
     explicit BareWidget(const ImageList& pictures) : pictures_(pictures) {
         setAttribute(Qt::WA_OpaquePaintEvent);
-        setFixedSize(ViewColumns * 34, ViewRows * 34);
+        setFixedSize(ViewColumns * CellPitch, ViewRows * CellPitch);
         show();
         QGuiApplication::sync();
     }
@@ -187,9 +186,9 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        for (int i = 0; i < ViewColumns * ViewRows; ++i) {
-            painter.drawPixmap(i / ViewRows * 34, i % ViewRows * 34,
-                               *pictures_[AnyTile(first_ + i / ViewRows, i % ViewRows, 71)].Pixmap());
+        for (int i = 0; i < ViewCells; ++i) {
+            painter.drawPixmap(CellColumn(i) * CellPitch, CellRow(i) * CellPitch,
+                               *pictures_[AnyTile(first_ + CellColumn(i), CellRow(i), 71)].Pixmap());
         }
     }
 

@@ -34,7 +34,7 @@ void DeleteFileQuietly(const std::string& name) {
     }
     try {
         DeleteExistingFile(name);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): quiet by contract
+    } catch (const Fault&) {  // quiet by contract
     }
 }
 

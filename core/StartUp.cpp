@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, BadGuyTypes> DisplayNames{
 /// Fixed when the program is built; without a choice then, where the game's own installer puts it, or on
 /// systems without that place the folder beside the program.
 std::string FixedGameFolder() {
-    const std::string chosen = FB_GAME_FOLDER;
+    std::string chosen = FB_GAME_FOLDER;
     if (!chosen.empty()) {
         return chosen;
     }

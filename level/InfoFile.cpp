@@ -20,16 +20,7 @@ constexpr std::string_view TitleKeyword = "(TITLE";
 constexpr std::string_view DescriptionKeyword = "(DESCRIPTION";
 
 void ReadInfoLines(const std::string& path) {
-    ReadFileNum = FreeFileNumber();
-    OpenForInput(ReadFileNum, path);
-    FirstLine = LineInput(ReadFileNum);
-    LinePos = 1;
-    LfMode = FirstLine.size() > LongestDosFirstLine;
-    if (LfMode) {
-        ReadNextLine();
-    } else {
-        CurrentLine = FirstLine;
-    }
+    ReadFirstLine(path, LongestDosFirstLine);
     do {
         const std::string line(Trim(CurrentLine));
         const std::string keyword = UpperCase(line.substr(0, DescriptionKeyword.size()));
@@ -52,7 +43,7 @@ void ReadInfoLines(const std::string& path) {
 void ReadInfoFile(const std::string& path) {
     try {
         WithMemoryFaults([&] { ReadInfoLines(FolderOf(path) + "info"); });
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): a level set without `info` is no failure
+    } catch (const Fault&) {  // a level set without `info` is no failure
     }
     CloseFile(ReadFileNum);
 }
@@ -74,7 +65,7 @@ void WriteInfoFile(const std::string& path) {
     DeleteFileQuietly(path);
     try {
         WriteTextFile(path, InfoText);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): reports no failure
+    } catch (const Fault&) {  // reports no failure
     }
     YieldToEventQueue();
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "core/MapGrid.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/InfoFile.h"
@@ -13,22 +14,20 @@
 #include "platform/Texts.h"
 
 int ReadFileNum = 0;
-std::string FirstLine;
 std::string CurrentLine;
 std::int64_t LinePos = 0;
-std::size_t TilePos = 0;
-bool LfMode = false;
 
 namespace {
+
+std::string FirstLine;    // what the first line read delivered; the whole file in LF mode
+bool LfMode = false;      // lines are cut out of FirstLine at LF, instead of read from the file
+std::size_t TilePos = 0;  // position in CurrentLine of the next character of tile data, from 1
 
 /// A first line that is longer holds the whole file: this one has LF line ends.
 constexpr std::size_t LongestDosFirstLine = 256;
 
 /// Narrower levels cannot be played, and a file that names such a width leaves the maps alone.
 constexpr int NarrowestLevel = 21;
-
-/// Columns that the map view shows.
-constexpr int ViewColumns = 18;
 
 /// What a routine for a keyword tells the loop over the body's lines.
 enum class Body { GoesOn, Ends };
@@ -339,16 +338,7 @@ void ReadLevelBody() {
 }
 
 void ReadLevelLines(const std::string& path) {
-    ReadFileNum = FreeFileNumber();
-    OpenForInput(ReadFileNum, path);
-    FirstLine = LineInput(ReadFileNum);
-    LinePos = 1;
-    LfMode = FirstLine.size() > LongestDosFirstLine;
-    if (LfMode) {
-        ReadNextLine();
-    } else {
-        CurrentLine = FirstLine;
-    }
+    ReadFirstLine(path, LongestDosFirstLine);
     do {
         if (CurrentLine.starts_with(";")) {
             LevelRecord.LevelComment = CurrentLine;
@@ -373,6 +363,19 @@ void ReadLevelFile(std::string path) {
         LevelLoaded = True;
     } catch (const Fault&) {
         MessageBox(FileNotFoundText, "NUK File Read Error", MessageButtons::Ok, MessageIcon::Stop);
+    }
+}
+
+void ReadFirstLine(const std::string& path, std::size_t longestDosLine) {
+    ReadFileNum = FreeFileNumber();
+    OpenForInput(ReadFileNum, path);
+    FirstLine = LineInput(ReadFileNum);
+    LinePos = 1;
+    LfMode = FirstLine.size() > longestDosLine;
+    if (LfMode) {
+        ReadNextLine();
+    } else {
+        CurrentLine = FirstLine;
     }
 }
 

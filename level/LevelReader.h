@@ -11,16 +11,18 @@
 // read that starts inside a yield of another one disturbs it.
 
 extern int ReadFileNum;          ///< number of the open input file
-extern std::string FirstLine;    ///< what the first line read delivered; the whole file in LF mode
 extern std::string CurrentLine;  ///< the line under examination
-extern std::int64_t LinePos;     ///< LF mode: position in FirstLine of the next line, from 1; -1 at the end of the file
-extern std::size_t TilePos;      ///< position in CurrentLine of the next character of tile data, from 1
-extern bool LfMode;              ///< lines are cut out of FirstLine at LF, instead of read from the file
+extern std::int64_t LinePos;     ///< LF mode: position in the file of the next line, from 1; -1 at the end of the file
 
 /// Reads the level at `path` and the `info` file beside it. `path` becomes LevelPath whatever follows. Sets
 /// LevelLoaded at success; any failure, of whatever kind, shows one message, and the record keeps what was
 /// stored until then. The caller sets ResetPointCount and BadGuyCount to 0 first.
 void ReadLevelFile(std::string path);
+
+/// Opens the file at `path` and delivers its first line into CurrentLine. A first line of more than
+/// `longestDosLine` characters holds the whole file: LF mode, in which the lines are cut out of it at LF. The faults
+/// of FreeFileNumber, OpenForInput and LineInput.
+void ReadFirstLine(const std::string& path, std::size_t longestDosLine);
 
 /// Delivers the next line into CurrentLine, after a yield. At the end of the file LinePos becomes -1. In LF
 /// mode a last line of two or more characters without an LF is delivered again at every call.

@@ -160,7 +160,7 @@ void WriteLevelFile(std::string path) {  // NOLINT(performance-unnecessary-value
     DeleteFileQuietly(path);
     try {
         WriteTextFile(path, LevelText);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): a failed save is not reported
+    } catch (const Fault&) {  // a failed save is not reported
     }
     YieldToEventQueue();
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "core/MapGrid.h"
 #include "level/LevelRecord.h"
 #include "platform/Controls.h"
 #include "platform/ImageCell.h"
@@ -23,9 +24,6 @@
 /// BadGuys.cpp, ResetPoints.cpp, Toolbar.cpp; MainFrm.cpp opens and closes it, MainFrmLayout.cpp makes and
 /// places the controls.
 struct MainFrm {
-    static constexpr int ViewColumns = 18;
-    static constexpr int ViewRows = 15;
-    static constexpr int Cells = ViewColumns * ViewRows;
     static constexpr int Sprites = 32;
     static constexpr int PaletteCells = 32;
     static constexpr int UsedRows = 9;
@@ -45,7 +43,7 @@ struct MainFrm {
 
     // The map.
     ImageCell GridBackBox;
-    std::array<ImageCell, Cells> Img;  ///< down each column first
+    std::array<ImageCell, ViewCells> Img;  ///< down each column first
     std::array<ImageCell, Sprites> BGImg;
     ImageCell NukImage;
     ImageCell ResetImg;

@@ -10,10 +10,6 @@ constexpr int WindowHeight = 662;
 
 constexpr int MapLeft = 10;
 constexpr int MapTop = 80;
-constexpr int CellSize = 32;
-constexpr int CellPitch = 34;
-constexpr int MapWidth = MainFrm::ViewColumns * CellPitch - (CellPitch - CellSize);
-constexpr int MapHeight = MainFrm::ViewRows * CellPitch - (CellPitch - CellSize);
 constexpr int MapMargin = 4;  // of the black box around the cells
 
 constexpr Place SidePanel{632, 162, 244, 430};  // of the three frames that take turns
@@ -52,25 +48,22 @@ constexpr std::array<CaptionAndTip, 4> Modes{{
 
 constexpr std::array<const char*, 3> TileSets{"All Tiles", "Fav. A", "Fav. B"};
 
-std::string Member(const char* name, int index) { return std::string(name) + "(" + std::to_string(index) + ")"; }
-
 void MakeMap(MainFrm& form) {
     form.GridBackBox.Create(
         form.Window, "GridBackBox",
-        {MapLeft - MapMargin, MapTop - MapMargin, MapWidth + 2 * MapMargin, MapHeight + 2 * MapMargin});
+        {MapLeft - MapMargin, MapTop - MapMargin, GridWidth + 2 * MapMargin, GridHeight + 2 * MapMargin});
     form.GridBackBox.SetFill(0x000000);
-    for (int i = 0; i < MainFrm::Cells; ++i) {
+    for (int i = 0; i < ViewCells; ++i) {
         ImageCell& cell = Element(form.Img, i);
-        cell.Create(form.Window, Member("Img", i),
-                    {MapLeft + CellPitch * (i / MainFrm::ViewRows), MapTop + CellPitch * (i % MainFrm::ViewRows),
-                     CellSize, CellSize});
+        cell.Create(form.Window, MemberName("Img", i),
+                    {MapLeft + CellPitch * CellColumn(i), MapTop + CellPitch * CellRow(i), CellSize, CellSize});
         cell.MouseDown = [&form, i](int Button, int, int X, int Y) { form.Img_MouseDown(i, Button, X, Y); };
         cell.MouseMove = [&form, i](int, int, int X, int Y) { form.Img_MouseMove(i, X, Y); };
         cell.Click = [&form, i] { form.Img_Click(i); };
     }
     for (int i = 0; i < MainFrm::Sprites; ++i) {
         ImageCell& sprite = Element(form.BGImg, i);
-        sprite.Create(form.Window, Member("BGImg", i), {-CellSize, -CellSize, 35, 32});
+        sprite.Create(form.Window, MemberName("BGImg", i), {-CellSize, -CellSize, 35, 32});
         sprite.SetVisible(false);
         sprite.MouseDown = [&form, i](int Button, int, int, int) { form.BGImg_MouseDown(i, Button); };
         sprite.MouseMove = [&form, i](int, int, int, int) { form.BGImg_MouseMove(i); };
@@ -83,7 +76,7 @@ void MakeMap(MainFrm& form) {
     form.ResetImg.SetToolTip("Reset Point");
     form.ResetImg.SetVisible(false);
     form.ResetImg.MouseMove = [&form](int, int, int, int) { form.ResetImg_MouseMove(); };
-    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, 596, MapWidth, 17}, Direction::Horizontal,
+    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, 596, GridWidth, 17}, Direction::Horizontal,
                            {.largeChange = 16});
     form.MapXScroll.SetAccessibleName("First map column");
     form.MapXScroll.Change = [&form] { form.MapXScroll_Change(); };
@@ -95,7 +88,7 @@ void MakeMap(MainFrm& form) {
 void MakeTopRow(MainFrm& form) {
     form.TB.Create(form.Window, "TB", {6, 2, WindowWidth - 12, 46}, ToolBarButtons, TBImages());
     form.TB.ButtonClick = [&form](int Position) { form.TB_ButtonClick(Position); };
-    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 53, MapWidth, 19},
+    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 53, GridWidth, 19},
                             "Click here to open an existing Floebird Level file.");
     form.FileNameBox.SetSunken();
     form.FileNameBox.SetToolTip("Level Map Filename - Click To Load Another Level Map");
@@ -108,11 +101,11 @@ void MakeChoices(MainFrm& form) {
     for (int i = 0; i < 4; ++i) {
         const Place place{10, 20 + 20 * i, 105, 20};
         OptionButton& layer = Element(form.LayerOption, i);
-        layer.Create(form.LayerFrame, Member("LayerOption", i), place, Element(Layers, i).caption);
+        layer.Create(form.LayerFrame, MemberName("LayerOption", i), place, Element(Layers, i).caption);
         layer.SetToolTip(Element(Layers, i).toolTip);
         layer.Click = [&form, i] { form.LayerOption_Click(i); };
         OptionButton& mode = Element(form.ModeOption, i);
-        mode.Create(form.ModeFrame, Member("ModeOption", i), place, Element(Modes, i).caption);
+        mode.Create(form.ModeFrame, MemberName("ModeOption", i), place, Element(Modes, i).caption);
         mode.SetToolTip(Element(Modes, i).toolTip);
         mode.Click = [&form, i] { form.ModeOption_Click(i); };
     }
@@ -150,7 +143,7 @@ void MakeReadOuts(MainFrm& form) {
         const int captionWidth = i < 2 ? 44 : 14;
         const int top = 22 + 19 * (i % 2);
         Element(form.CordsLabel, i)
-            .Create(form.CordsFrame, Member("CordsLabel", i), {left, top, captionWidth, 18}, readOut.caption);
+            .Create(form.CordsFrame, MemberName("CordsLabel", i), {left, top, captionWidth, 18}, readOut.caption);
         Label& box = form.*readOut.box;
         box.Create(form.CordsFrame, readOut.name, {left + captionWidth + 4, top, i < 2 ? 56 : 92, 18});
         box.SetSunken();
@@ -162,7 +155,8 @@ void MakePalette(MainFrm& form) {
     form.TileFrame.Create(form.Window, "TileFrame", SidePanel, "Current Tile Selection");
     for (int i = 0; i < MainFrm::PaletteCells; ++i) {
         ImageCell& cell = Element(form.SelImg, i);
-        cell.Create(form.TileFrame, Member("SelImg", i), {38 + 36 * (i % 4), 26 + 36 * (i / 4), CellSize, CellSize});
+        cell.Create(form.TileFrame, MemberName("SelImg", i),
+                    {38 + 36 * (i % 4), 26 + 36 * (i / 4), CellSize, CellSize});
         cell.MouseDown = [&form, i](int Button, int, int, int) { form.SelImg_MouseDown(i, Button); };
         cell.MouseMove = [&form, i](int, int, int, int) { form.SelImg_MouseMove(i); };
     }
@@ -173,7 +167,7 @@ void MakePalette(MainFrm& form) {
     form.SelScroll.Scroll = [&form] { form.SelScroll_Scroll(); };
     for (int i = 0; i < 3; ++i) {
         OptionButton& option = Element(form.TilesOption, i);
-        option.Create(form.TileFrame, Member("TilesOption", i), {12 + 80 * i, 326, 76, 20}, Element(TileSets, i));
+        option.Create(form.TileFrame, MemberName("TilesOption", i), {12 + 80 * i, 326, 76, 20}, Element(TileSets, i));
         option.Click = [&form, i] { form.TilesOption_Click(i); };
     }
     form.CurImg.Create(form.TileFrame, "CurImg", {38, 368, CellSize, CellSize});
@@ -190,15 +184,15 @@ void MakeKinds(MainFrm& form) {
     for (int i = 0; i < BadGuyTypes; ++i) {
         const int top = 28 + 39 * i;
         ImageCell& indicator = Element(form.ObjIndImg, i);
-        indicator.Create(form.ObjectFrame, Member("ObjIndImg", i), {8, top + 8, 16, 16});
+        indicator.Create(form.ObjectFrame, MemberName("ObjIndImg", i), {8, top + 8, 16, 16});
         indicator.SetPicture(marker);
         ImageCell& kind = Element(form.ObjSelImg, i);
-        kind.Create(form.ObjectFrame, Member("ObjSelImg", i), {30, top, 35, 32});
+        kind.Create(form.ObjectFrame, MemberName("ObjSelImg", i), {30, top, 35, 32});
         kind.SetPicture(BadGuysList()[i + 1]);
         kind.Click = [&form, i] { form.ObjSelImg_Click(i); };
-        Element(form.ObjectLabel, i).Create(form.ObjectFrame, Member("ObjectLabel", i), {74, top + 7, 112, 18});
+        Element(form.ObjectLabel, i).Create(form.ObjectFrame, MemberName("ObjectLabel", i), {74, top + 7, 112, 18});
         Label& count = Element(form.ObjCntBox, i);
-        count.Create(form.ObjectFrame, Member("ObjCntBox", i), {190, top + 7, 44, 18});
+        count.Create(form.ObjectFrame, MemberName("ObjCntBox", i), {190, top + 7, 44, 18});
         count.SetSunken();
     }
 }
@@ -207,25 +201,25 @@ void MakeUsedRow(MainFrm& form, int i, const Picture& marker) {
     const int top = 22 + 40 * i;
     Frame& frame = form.BGUFrame;
     ImageCell& indicator = Element(form.BGIndImg, i);
-    indicator.Create(frame, Member("BGIndImg", i), {4, top + 10, 16, 16});
+    indicator.Create(frame, MemberName("BGIndImg", i), {4, top + 10, 16, 16});
     indicator.SetPicture(marker);
     indicator.SetToolTip("Current Bad Guy Selection");
     ImageCell& picture = Element(form.BGUImg, i);
-    picture.Create(frame, Member("BGUImg", i), {24, top + 2, 35, 32});
+    picture.Create(frame, MemberName("BGUImg", i), {24, top + 2, 35, 32});
     picture.Click = [&form, i] { form.BGUImg_Click(i); };
-    Element(form.BGUNameBox, i).Create(frame, Member("BGUNameBox", i), {66, top, 130, 16});
-    Element(form.LabelX, i).Create(frame, Member("LabelX", i), {66, top + 17, 10, 19}, "X");
+    Element(form.BGUNameBox, i).Create(frame, MemberName("BGUNameBox", i), {66, top, 130, 16});
+    Element(form.LabelX, i).Create(frame, MemberName("LabelX", i), {66, top + 17, 10, 19}, "X");
     TextBox& x = Element(form.BGUXBox, i);
-    x.Create(frame, Member("BGUXBox", i), {78, top + 17, 46, 20});
+    x.Create(frame, MemberName("BGUXBox", i), {78, top + 17, 46, 20});
     x.KeyPress = [&form](int KeyAscii) { return form.BGUBox_KeyPress(KeyAscii); };
     x.Change = [&form, i] { form.BGUXBox_Change(i); };
-    Element(form.LabelY, i).Create(frame, Member("LabelY", i), {130, top + 17, 10, 19}, "Y");
+    Element(form.LabelY, i).Create(frame, MemberName("LabelY", i), {130, top + 17, 10, 19}, "Y");
     TextBox& y = Element(form.BGUYBox, i);
-    y.Create(frame, Member("BGUYBox", i), {142, top + 17, 46, 20});
+    y.Create(frame, MemberName("BGUYBox", i), {142, top + 17, 46, 20});
     y.KeyPress = [&form](int KeyAscii) { return form.BGUBox_KeyPress(KeyAscii); };
     y.Change = [&form, i] { form.BGUYBox_Change(i); };
     CheckBox& stay = Element(form.StayCheck, i);
-    stay.Create(frame, Member("StayCheck", i), {194, top + 17, 18, 20}, "");
+    stay.Create(frame, MemberName("StayCheck", i), {194, top + 17, 18, 20}, "");
     stay.SetToolTip("Stay on Platform Flag");
     stay.SetAccessibleName("Stay on platform");
     stay.Click = [&form, i] { form.StayCheck_Click(i); };

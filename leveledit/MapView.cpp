@@ -5,8 +5,7 @@
 namespace {
 
 constexpr int EmptyCellTile = 204;  // its picture is the empty square of the grid
-constexpr int CellPitch = 34;       // screen pixels from one cell to the next
-constexpr int ViewWidth = MainFrm::ViewColumns * TileSize;
+constexpr int ViewWidth = ViewColumns * TileSize;
 constexpr float TwipsPerPixel = 15.0F;
 constexpr int AllLayers = 3;
 
@@ -17,9 +16,6 @@ Int16 Topmost(Int16 foreground, Int16 interactive, Int16 background) {
     }
     return interactive != 0 ? interactive : background;
 }
-
-int CellColumn(int index) { return index / MainFrm::ViewRows; }
-int CellRow(int index) { return index % MainFrm::ViewRows; }
 
 }  // namespace
 
@@ -88,7 +84,7 @@ void MainFrm::PlaceResetSprite() {
             ResetImg.SetVisible(false);
             continue;
         }
-        const ImageCell& cell = Element(Img, column * ViewRows + point.y / TileSize);
+        const ImageCell& cell = Element(Img, CellIndex(column, point.y / TileSize));
         ResetImg.Move(cell.Left(), cell.Top());
         ShownResetIndex = i;
         ShownResetX = point.x;
@@ -125,7 +121,7 @@ void MainFrm::DrawTiles() {
         for (int column = 0; column < ViewColumns; ++column) {
             const Int16 tile = ShownTile(firstColumn + column, row);
             const bool shown = tile != 0 && tile <= LastTile;
-            Element(Img, column * ViewRows + row).SetPicture(shown ? BlockImgList()[tile] : empty);
+            Element(Img, CellIndex(column, row)).SetPicture(shown ? BlockImgList()[tile] : empty);
         }
     }
 }

@@ -18,8 +18,8 @@ void MainFrm::AutoCheck_Click() {
 /// A press on the map. Paints, so that the tile is seen at once, or places a bad guy; the click that follows
 /// the release does the rest.
 void MainFrm::Img_MouseDown(int Index, int Button, int X, int Y) {
-    const int row = Index % ViewRows;
-    const Int16 x = MapXScroll.Value() + Index / ViewRows;
+    const int row = CellRow(Index);
+    const Int16 x = MapXScroll.Value() + CellColumn(Index);
     if (CurrentMode == 1) {
         PlaceBadGuy(x, row, X, Y);
     } else if (CurrentMode == 0 && Button == LeftButton) {
@@ -51,8 +51,8 @@ void MainFrm::PickTile(Int16 x, Int16 row) {
 }
 
 void MainFrm::Img_Click(int Index) {
-    const int column = Index / ViewRows;
-    const int row = Index % ViewRows;
+    const int column = CellColumn(Index);
+    const int row = CellRow(Index);
     const Int16 x = MapXScroll.Value() + column;
     if (LevelRecord.width == 0) {
         MessageBox("You must create the level first!\r\nUse the File menu to create a new set or level.",

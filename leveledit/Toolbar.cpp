@@ -44,7 +44,7 @@ void MainFrm::LoadLevelDialog() {
         LevelFolder = FolderOf(LevelPath);
         MapXScroll.SetValue(0);
         LoadPrefMap();
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    } catch (const Fault&) {  // cancelled, or a failure that is not reported
     }
 }
 
@@ -57,7 +57,7 @@ void MainFrm::SaveLevelDialog() {
             WriteLevelFile(LevelPath);
         }
         YieldToEventQueue();
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    } catch (const Fault&) {  // cancelled, or a failure that is not reported
     }
 }
 

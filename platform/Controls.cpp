@@ -128,6 +128,8 @@ void ToggleTo(QAbstractButton& button, bool checked) {
 
 }  // namespace
 
+std::string MemberName(const std::string& name, int index) { return name + "(" + std::to_string(index) + ")"; }
+
 void Control::Adopt(QWidget* widget, const std::string& name, Place place) {
     widget_ = widget;
     widget_->setObjectName(ShownText(name));
@@ -314,7 +316,7 @@ void ToolBar::Create(Container& container, const std::string& name, Place place,
             row->addWidget(separator);
         }
         auto* button = new QToolButton(bar);
-        button->setObjectName(ShownText(name + "(" + std::to_string(entry.position) + ")"));
+        button->setObjectName(ShownText(MemberName(name, entry.position)));
         button->setText(ShownText(entry.caption));
         button->setToolTip(ShownToolTip(entry.toolTip));
         button->setAccessibleName(ShownText(entry.toolTip));

@@ -29,6 +29,9 @@ template <typename ControlArray>
     return controls[static_cast<std::size_t>(index)];
 }
 
+/// The name that the member `index` of an array goes by: "Name(3)".
+[[nodiscard]] std::string MemberName(const std::string& name, int index);
+
 /// What all controls can do.
 class Control {
 public:

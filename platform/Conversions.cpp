@@ -60,6 +60,21 @@ std::optional<double> NumberValue(std::string_view text) {
     return value;
 }
 
+/// The value of a text that holds one number, with blanks around it at most. Fault 13 for another text, `beyondRange`
+/// for a number that no double holds.
+double NumberIn(std::string_view text, FaultNumber beyondRange) {
+    const std::string_view number = Trim(text);
+    const std::size_t length = NumberLength(number);
+    if (length == 0 || length != number.size()) {
+        throw Fault(FaultNumber::TypeMismatch);
+    }
+    const std::optional<double> value = NumberValue(number);
+    if (!value) {
+        throw Fault(beyondRange);
+    }
+    return *value;
+}
+
 std::string GeneralForm(double number, int digits) {
     char buffer[40];
     const auto end =
@@ -73,31 +88,9 @@ std::string GeneralForm(double number, int digits) {
 
 }  // namespace
 
-Int16 TextToInt16(std::string_view text) {
-    const std::string_view number = Trim(text);
-    const std::size_t length = NumberLength(number);
-    if (length == 0 || length != number.size()) {
-        throw Fault(FaultNumber::TypeMismatch);
-    }
-    const std::optional<double> value = NumberValue(number);
-    if (!value) {
-        throw Fault(FaultNumber::Overflow);
-    }
-    return RoundToInt16(*value);
-}
+Int16 TextToInt16(std::string_view text) { return RoundToInt16(NumberIn(text, FaultNumber::Overflow)); }
 
-double TextToDouble(std::string_view text) {
-    const std::string_view number = Trim(text);
-    const std::size_t length = NumberLength(number);
-    if (length == 0 || length != number.size()) {
-        throw Fault(FaultNumber::TypeMismatch);
-    }
-    const std::optional<double> value = NumberValue(number);
-    if (!value) {
-        throw Fault(FaultNumber::TypeMismatch);
-    }
-    return *value;
-}
+double TextToDouble(std::string_view text) { return NumberIn(text, FaultNumber::TypeMismatch); }
 
 double LeadingNumber(std::string_view text) {
     std::string packed;

@@ -67,7 +67,7 @@ Fault FaultOfErrno(int error) {
 
 std::string ReadAll(std::FILE* stream) {
     std::string bytes;
-    std::array<char, 65536> block;
+    std::array<char, 65536> block{};
     while (const std::size_t count = std::fread(block.data(), 1, block.size(), stream)) {
         bytes.append(block.data(), count);
     }
@@ -243,11 +243,11 @@ std::string ProgramFolder() {
 }
 
 std::string WritableProgramFolder() {
-    const std::string beside = ProgramFolder();
+    std::string beside = ProgramFolder();
     if (CanWriteFolder(beside)) {
         return beside;
     }
-    const std::string own = ConfigurationFolder() + std::string(PathSeparator) + "FB_Editor";
+    std::string own = ConfigurationFolder() + std::string(PathSeparator) + "FB_Editor";
     std::error_code ignored;
     fs::create_directories(own, ignored);
     return own;

@@ -193,12 +193,10 @@ bool Surface::IsShown(const ImageCell& cell) const {
 }
 
 ImageCell* Surface::CellAt(QPoint position) const {
-    for (auto cell = cells_.rbegin(); cell != cells_.rend(); ++cell) {
-        if ((*cell)->enabled_ && IsShown(**cell) && AreaOf(**cell).contains(position)) {
-            return *cell;
-        }
-    }
-    return nullptr;
+    const auto cell = std::find_if(cells_.rbegin(), cells_.rend(), [&](const ImageCell* c) {
+        return c->enabled_ && IsShown(*c) && AreaOf(*c).contains(position);
+    });
+    return cell == cells_.rend() ? nullptr : *cell;
 }
 
 void Surface::RaiseMouse(ImageCell* cell, bool press, const QMouseEvent& event) {

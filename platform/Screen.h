@@ -16,6 +16,8 @@ public:
     std::function<void()> Unload;
 
     Screen();
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
     ~Screen();
 
     /// Makes the window without showing it. A screen counts as loaded from here until it is closed; the

@@ -44,7 +44,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    ImageCell* CellAt(QPoint position) const;
+    [[nodiscard]] ImageCell* CellAt(QPoint position) const;
     void RaiseMouse(ImageCell* cell, bool press, const QMouseEvent& event);
 
     std::function<void()> closeRequested_;

@@ -36,7 +36,7 @@ void HelpFrm::LoadHelpText() {
             HelpText += LineInput(file) + "\r\n";
         }
         CloseFile(file);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): without the file the box is empty
+    } catch (const Fault&) {  // without the file the box is empty
     }
 }
 

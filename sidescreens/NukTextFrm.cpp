@@ -39,7 +39,7 @@ void NukTextFrm::InfoNameBox_Click() {
     try {
         InfoName = OpenFileDialog({"info|info", FolderOf(InfoName), ""});
         ShowInfo();
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled
+    } catch (const Fault&) {  // cancelled
     }
 }
 

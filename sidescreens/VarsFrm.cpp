@@ -48,7 +48,7 @@ void Store(const std::string& text, Int16& field) { field = TextToInt16(text); }
 void Store(const std::string& text, double& field) {
     try {
         field = TextToDouble(text);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): what is no number is not taken
+    } catch (const Fault&) {  // what is no number is not taken
     }
 }
 
@@ -206,7 +206,7 @@ void VarsFrm::ChooseMusic() {
     try {
         LevelRecord.music = FileNameOf(OpenFileDialog({"*.mod|*.mod", MusicFolder, LevelRecord.music}));
         MusicBox.SetCaption(LevelRecord.music);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    } catch (const Fault&) {  // cancelled, or a failure that is not reported
     }
 }
 

@@ -137,7 +137,7 @@ void LinkForm::NameBox_Click() {
         const std::string& folder = IsBlank(LevelPath) ? UserLevelsFolder : LevelPath;
         WorkingLink.name = GetLevelLinkName(OpenFileDialog({"*.fbl|*.fbl", folder, ""}));
         UpdateLinkDisplay();
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    } catch (const Fault&) {  // cancelled, or a failure that is not reported
     }
 }
 
@@ -149,7 +149,7 @@ void LinkForm::ExtroBox_Click() {
     try {
         WorkingLink.extro_filename = OpenFileDialog({"*.txt|*.txt", LevelsFolder, WorkingLink.extro_filename});
         UpdateLinkDisplay();
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    } catch (const Fault&) {  // cancelled, or a failure that is not reported
     }
 }
 

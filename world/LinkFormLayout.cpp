@@ -12,14 +12,12 @@ constexpr int WideBox = WindowWidth - BoxLeft - 14;
 
 constexpr int RowTop(int row) { return 14 + 27 * row; }
 
-std::string Member(const char* name, int index) { return std::string(name) + "(" + std::to_string(index) + ")"; }
-
 void MakeFieldLabels(LinkForm& form) {
     static constexpr std::array<const char*, 6> Captions{"Link #",    "Link Type", "Name (Link)",
                                                          "ExtroFile", "Message",   "Comment"};
     for (int row = 0; row < 6; ++row) {
         Element(form.FieldLabel, row)
-            .Create(form.Window, Member("FieldLabel", row), {LabelLeft, RowTop(row), BoxLeft - LabelLeft, 22},
+            .Create(form.Window, MemberName("FieldLabel", row), {LabelLeft, RowTop(row), BoxLeft - LabelLeft, 22},
                     Element(Captions, row));
     }
 }
@@ -69,7 +67,7 @@ void MakeCords(LinkForm& form) {
         const CordsBox& place = Element(Boxes, i);
         const int labelWidth = i < 2 ? 14 : 42;
         Element(form.CordsLabel, i)
-            .Create(form.Frame2, Member("CordsLabel", i), {place.left, place.top, labelWidth, 22}, place.caption);
+            .Create(form.Frame2, MemberName("CordsLabel", i), {place.left, place.top, labelWidth, 22}, place.caption);
         TextBox& box = form.*place.box;
         box.Create(form.Frame2, place.name, {place.left + labelWidth, place.top, 58, 22});
         box.SetAccessibleName(place.caption);

@@ -76,7 +76,7 @@ void WorldFrm::OpenWorldDialog() {
             WorldPath = path;
         }
         UpdateWorld();
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled, or a failure that is not reported
+    } catch (const Fault&) {  // cancelled, or a failure that is not reported
     }
 }
 
@@ -84,6 +84,6 @@ void WorldFrm::SaveWorldAsDialog() {
     try {
         WorldPath = SaveFileDialog(WorldDialog());
         WriteWorldFile(WorldPath);
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled
+    } catch (const Fault&) {  // cancelled
     }
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/MapGrid.h"
 #include "platform/Controls.h"
 #include "platform/ImageCell.h"
 #include "platform/Int16.h"
@@ -16,9 +17,6 @@
 /// What a click cannot reach in WorldRecord, in the favorites, in WorldImages or in DotImg is fault 9; no
 /// routine traps it but OpenWorldDialog and SaveWorldAsDialog.
 struct WorldFrm {
-    static constexpr int ViewColumns = 18;
-    static constexpr int ViewRows = 15;
-    static constexpr int Cells = ViewColumns * ViewRows;
     static constexpr int Sprites = 64;
     static constexpr int PaletteCells = 36;
     static constexpr int LinkRows = 16;
@@ -30,7 +28,7 @@ struct WorldFrm {
 
     // The map.
     Picture BlankImg;                       ///< what each cell shows while there is no world
-    std::array<ImageCell, Cells> Img;       ///< down each column first
+    std::array<ImageCell, ViewCells> Img;   ///< down each column first
     ImageCell NukImg;                       ///< the hero's start
     std::array<ImageCell, Sprites> DotImg;  ///< by link number
     ScrollBar MapXScroll;

@@ -9,10 +9,6 @@ constexpr int WindowHeight = 630;
 
 constexpr int MapLeft = 12;
 constexpr int MapTop = 90;
-constexpr int CellSize = 32;
-constexpr int CellPitch = 34;
-constexpr int MapWidth = WorldFrm::ViewColumns * CellPitch - (CellPitch - CellSize);
-constexpr int MapHeight = WorldFrm::ViewRows * CellPitch - (CellPitch - CellSize);
 constexpr int ScrollSize = 17;
 
 constexpr int PanelLeft = 654;
@@ -28,12 +24,10 @@ constexpr std::array<const char*, 5> Modes{
     "Map Tiles - Normal Table", "Map Tiles - Favotites Table", "Level Point Editor", "All Layers", "Set Nuk Start",
 };
 
-std::string Member(const char* name, int index) { return std::string(name) + "(" + std::to_string(index) + ")"; }
-
 void MakeTopRow(WorldFrm& form) {
-    form.WTB.Create(form.Window, "WTB", {8, 10, MapWidth, 36}, ToolBarButtons, WTBImages());
+    form.WTB.Create(form.Window, "WTB", {8, 10, GridWidth, 36}, ToolBarButtons, WTBImages());
     form.WTB.ButtonClick = [&form](int Position) { form.WTB_ButtonClick(Position); };
-    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 60, MapWidth, 19});
+    form.FileNameBox.Create(form.Window, "FileNameBox", {MapLeft, 60, GridWidth, 19});
     form.FileNameBox.SetSunken();
     form.FileNameBox.SetToolTip("Click to open a Floebird World Map file.");
     form.FileNameBox.Click = [&form] { form.FileNameBox_Click(); };
@@ -41,11 +35,10 @@ void MakeTopRow(WorldFrm& form) {
 
 void MakeMap(WorldFrm& form) {
     form.BlankImg = FixedPicture("BlankImg");
-    for (int i = 0; i < WorldFrm::Cells; ++i) {
+    for (int i = 0; i < ViewCells; ++i) {
         ImageCell& cell = Element(form.Img, i);
-        cell.Create(form.Window, Member("Img", i),
-                    {MapLeft + CellPitch * (i / WorldFrm::ViewRows), MapTop + CellPitch * (i % WorldFrm::ViewRows),
-                     CellSize, CellSize});
+        cell.Create(form.Window, MemberName("Img", i),
+                    {MapLeft + CellPitch * CellColumn(i), MapTop + CellPitch * CellRow(i), CellSize, CellSize});
         cell.SetPicture(form.BlankImg);
         cell.MouseDown = [&form, i](int Button, int, int, int) { form.Img_MouseDown(i, Button); };
         cell.MouseMove = [&form, i](int, int, int, int) { form.Img_MouseMove(i); };
@@ -56,7 +49,7 @@ void MakeMap(WorldFrm& form) {
     form.NukImg.SetEnabled(false);  // the cell below takes the mouse
     for (int n = 0; n < WorldFrm::Sprites; ++n) {
         ImageCell& sprite = Element(form.DotImg, n);
-        sprite.Create(form.Window, Member("DotImg", n), {0, 0, CellSize, CellSize});
+        sprite.Create(form.Window, MemberName("DotImg", n), {0, 0, CellSize, CellSize});
         sprite.SetVisible(false);
         sprite.MouseDown = [&form, n](int Button, int, int, int) { form.DotImg_MouseDown(n, Button); };
         sprite.MouseMove = [&form, n](int, int, int, int) { form.DotImg_MouseMove(n); };
@@ -65,11 +58,11 @@ void MakeMap(WorldFrm& form) {
 
 // The maxima stand until the first map is shown.
 void MakeMapScrolls(WorldFrm& form) {
-    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, MapTop + MapHeight + 4, MapWidth, ScrollSize},
-                           Direction::Horizontal, {.maximum = 1, .largeChange = WorldFrm::ViewColumns - 2});
+    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, MapTop + GridHeight + 4, GridWidth, ScrollSize},
+                           Direction::Horizontal, {.maximum = 1, .largeChange = ViewColumns - 2});
     form.MapXScroll.SetAccessibleName("First map column");
-    form.MapYScroll.Create(form.Window, "MapYScroll", {MapLeft + MapWidth + 4, MapTop, ScrollSize, MapHeight},
-                           Direction::Vertical, {.maximum = 3, .largeChange = WorldFrm::ViewRows - 2});
+    form.MapYScroll.Create(form.Window, "MapYScroll", {MapLeft + GridWidth + 4, MapTop, ScrollSize, GridHeight},
+                           Direction::Vertical, {.maximum = 3, .largeChange = ViewRows - 2});
     form.MapYScroll.SetAccessibleName("First map row");
     for (ScrollBar* bar : {&form.MapXScroll, &form.MapYScroll}) {
         bar->Change = [&form] { form.MapScroll_Change(); };
@@ -81,7 +74,7 @@ void MakeModes(WorldFrm& form) {
     form.Frame2.Create(form.Window, "Frame2", {PanelLeft, 8, PanelWidth, 148}, "Mode Selection");
     for (int i = 0; i < 5; ++i) {
         OptionButton& mode = Element(form.ModeOption, i);
-        mode.Create(form.Frame2, Member("ModeOption", i), {10, 19 + 20 * i, 204, 20}, Element(Modes, i));
+        mode.Create(form.Frame2, MemberName("ModeOption", i), {10, 19 + 20 * i, 204, 20}, Element(Modes, i));
         mode.Click = [&form, i] { form.ModeOption_Click(i); };
     }
     form.FavCheck.Create(form.Frame2, "FavCheck", {10, 122, 204, 20}, "Edit Favorites");
@@ -92,9 +85,9 @@ void MakeReadOuts(WorldFrm& form) {
     form.CordsFrame.Create(form.Window, "CordsFrame", {PanelLeft, 158, PanelWidth, 66}, "Mouse Cords");
     form.AutoCheck.Create(form.CordsFrame, "AutoCheck", {10, 21, 204, 20}, "Auto Complete Tiles");
     form.AutoCheck.Click = [&form] { form.AutoCheck_Click(); };
-    Element(form.CordsLabel, 0).Create(form.CordsFrame, Member("CordsLabel", 0), {10, 42, 20, 18}, "X :");
+    Element(form.CordsLabel, 0).Create(form.CordsFrame, MemberName("CordsLabel", 0), {10, 42, 20, 18}, "X :");
     form.MouseXBox.Create(form.CordsFrame, "MouseXBox", {32, 42, 70, 18});
-    Element(form.CordsLabel, 1).Create(form.CordsFrame, Member("CordsLabel", 1), {118, 42, 20, 18}, "Y :");
+    Element(form.CordsLabel, 1).Create(form.CordsFrame, MemberName("CordsLabel", 1), {118, 42, 20, 18}, "Y :");
     form.MouseYBox.Create(form.CordsFrame, "MouseYBox", {140, 42, 70, 18});
     form.MouseXBox.SetSunken();
     form.MouseYBox.SetSunken();
@@ -104,7 +97,8 @@ void MakePalette(WorldFrm& form) {
     form.TilesFrame.Create(form.Window, "TilesFrame", TilesPlace, "Tiles");
     for (int i = 0; i < WorldFrm::PaletteCells; ++i) {
         ImageCell& cell = Element(form.TileImg, i);
-        cell.Create(form.TilesFrame, Member("TileImg", i), {30 + 35 * (i % 4), 28 + 35 * (i / 4), CellSize, CellSize});
+        cell.Create(form.TilesFrame, MemberName("TileImg", i),
+                    {30 + 35 * (i % 4), 28 + 35 * (i / 4), CellSize, CellSize});
         cell.Click = [&form, i] { form.TileImg_Click(i); };
     }
     form.TileScroll.Create(form.TilesFrame, "TileScroll", {175, 28, ScrollSize, 312}, Direction::Vertical,
@@ -121,15 +115,15 @@ void MakePalette(WorldFrm& form) {
 void MakeLinkRow(WorldFrm& form, int i, const Picture& marker) {
     const int top = 42 + 17 * i;
     ImageCell& indicator = Element(form.LinkIndImg, i);
-    indicator.Create(form.LinkFrame, Member("LinkIndImg", i), {8, top, 16, 16});
+    indicator.Create(form.LinkFrame, MemberName("LinkIndImg", i), {8, top, 16, 16});
     indicator.SetPicture(marker);
     indicator.SetToolTip("Click to Edit Link Parameters");
     indicator.SetVisible(false);
     indicator.Click = [&form, i] { form.LinkRow_Click(i); };
     Label& number = Element(form.LinkNumBox, i);
-    number.Create(form.LinkFrame, Member("LinkNumBox", i), {28, top, 44, 17});
+    number.Create(form.LinkFrame, MemberName("LinkNumBox", i), {28, top, 44, 17});
     Label& type = Element(form.LinkTypeBox, i);
-    type.Create(form.LinkFrame, Member("LinkTypeBox", i), {72, top, 116, 17});
+    type.Create(form.LinkFrame, MemberName("LinkTypeBox", i), {72, top, 116, 17});
     for (Label* box : {&number, &type}) {
         box->SetSunken();
         box->SetToolTip("Click to Edit Link Parameters");
@@ -157,7 +151,7 @@ void MakeLinkReadOuts(WorldFrm& form) {
     for (int i = 0; i < 5; ++i) {
         const LinkReadOut& readOut = Element(ReadOuts, i);
         Element(form.LinkHeading, i + 2)
-            .Create(form.LinkFrame, Member("LinkHeading", i + 2), readOut.headingPlace, readOut.heading);
+            .Create(form.LinkFrame, MemberName("LinkHeading", i + 2), readOut.headingPlace, readOut.heading);
         Label& box = form.*readOut.box;
         box.Create(form.LinkFrame, readOut.name, readOut.place);
         box.SetSunken();
@@ -167,8 +161,8 @@ void MakeLinkReadOuts(WorldFrm& form) {
 void MakeLinkList(WorldFrm& form) {
     const Picture marker = FixedPicture("LinkIndImg");
     form.LinkFrame.Create(form.Window, "LinkFrame", TilesPlace, "Level Links");
-    Element(form.LinkHeading, 0).Create(form.LinkFrame, Member("LinkHeading", 0), {29, 24, 43, 17}, "Link #");
-    Element(form.LinkHeading, 1).Create(form.LinkFrame, Member("LinkHeading", 1), {73, 24, 114, 17}, "Type");
+    Element(form.LinkHeading, 0).Create(form.LinkFrame, MemberName("LinkHeading", 0), {29, 24, 43, 17}, "Link #");
+    Element(form.LinkHeading, 1).Create(form.LinkFrame, MemberName("LinkHeading", 1), {73, 24, 114, 17}, "Type");
     for (int i = 0; i < WorldFrm::LinkRows; ++i) {
         MakeLinkRow(form, i, marker);
     }

@@ -56,8 +56,8 @@ void WorldFrm::Img_MouseDown(int Index, int Button) {
     if (WorldLoaded == False) {
         return;
     }
-    const Int16 x = MapXScroll.Value() + Index / ViewRows;
-    const Int16 y = MapYScroll.Value() + Index % ViewRows;
+    const Int16 x = MapXScroll.Value() + CellColumn(Index);
+    const Int16 y = MapYScroll.Value() + CellRow(Index);
     switch (WorldMode) {
         case 0:
         case 1:

@@ -76,7 +76,7 @@ void WorldPropertiesFrm::FNBox_Click() {
     }
     try {
         (void)OpenFileDialog({"*.fbwm|*.fbwm", WorldMapsFolder, ""});
-    } catch (const Fault&) {  // NOLINT(bugprone-empty-catch): cancelled
+    } catch (const Fault&) {  // cancelled
     }
 }
 

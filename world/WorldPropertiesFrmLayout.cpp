@@ -19,8 +19,8 @@ void MakeLabels(WorldPropertiesFrm& form) {
                                                          "Width",    "Height", "Start Pos X", "Start Pos Y"};
     for (int row = 0; row < 8; ++row) {
         Element(form.FieldLabel, row)
-            .Create(form.Window, "FieldLabel(" + std::to_string(row) + ")",
-                    {LabelLeft, RowTop(row), BoxLeft - LabelLeft, 22}, Element(Captions, row));
+            .Create(form.Window, MemberName("FieldLabel", row), {LabelLeft, RowTop(row), BoxLeft - LabelLeft, 22},
+                    Element(Captions, row));
     }
 }
 

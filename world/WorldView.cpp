@@ -95,8 +95,8 @@ void WorldFrm::DrawTiles() {
     const ImageList& pictures = WorldImages();
     const Int16 left = MapXScroll.Value();
     const Int16 top = MapYScroll.Value();
-    for (int i = 0; i < Cells; ++i) {
-        const Int16 tile = WorldRecord.tiles(left + i / ViewRows, top + i % ViewRows);
+    for (int i = 0; i < ViewCells; ++i) {
+        const Int16 tile = WorldRecord.tiles(left + CellColumn(i), top + CellRow(i));
         Element(Img, i).SetPicture(tile != 0 ? pictures[tile] : Picture());
     }
 }
@@ -106,7 +106,7 @@ void WorldFrm::PlaceStartSprite() {
     const Int16 sy = WorldRecord.start_pos_y - MapYScroll.Value();
     const bool shown = WorldMode >= AllLayersMode && Between(0, sx, ViewColumns - 1) && Between(0, sy, ViewRows - 1);
     if (shown) {
-        const ImageCell& cell = Element(Img, sx * ViewRows + sy);
+        const ImageCell& cell = Element(Img, CellIndex(sx, sy));
         NukImg.Move(cell.Left(), cell.Top());
     }
     NukImg.SetVisible(shown);
@@ -128,7 +128,7 @@ void WorldFrm::DrawLink(int n) {
     }
     for (const SpriteKind& kind : SpriteKinds) {
         if (kind.type == link.type) {
-            const ImageCell& cell = Element(Img, (link.x - FirstCol) * ViewRows + (link.y - FirstRow));
+            const ImageCell& cell = Element(Img, CellIndex(link.x - FirstCol, link.y - FirstRow));
             ImageCell& sprite = Element(DotImg, n);
             sprite.Move(cell.Left(), cell.Top());
             sprite.SetPicture(WorldImages()[kind.picture]);
@@ -153,8 +153,8 @@ void WorldFrm::Img_MouseMove(int Index) {
     if (WorldLoaded == False) {
         return;
     }
-    const Int16 x = MapXScroll.Value() + Index / ViewRows;
-    const Int16 y = MapYScroll.Value() + Index % ViewRows;
+    const Int16 x = MapXScroll.Value() + CellColumn(Index);
+    const Int16 y = MapYScroll.Value() + CellRow(Index);
     Element(Img, Index)
         .SetToolTip("Tile = " + std::to_string(WorldRecord.tiles(x, y)) + ", X = " + std::to_string(x) +
                     ", Y = " + std::to_string(y));

@@ -30,8 +30,7 @@ void zTypeFrm::MakeControls() {
     Window.Unload = [this] { Unload(); };
     for (int i = 0; i < 4; ++i) {
         Label& type = Element(TypeBox, i);
-        type.Create(Window, "TypeBox(" + std::to_string(i) + ")", {14, 12 + 28 * i, 192, 22},
-                    Element(Types, i).caption);
+        type.Create(Window, MemberName("TypeBox", i), {14, 12 + 28 * i, 192, 22}, Element(Types, i).caption);
         type.SetSunken();
         type.SetCentred();
         type.SetToolTip(Element(Types, i).toolTip);
