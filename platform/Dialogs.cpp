@@ -1,7 +1,9 @@
 #include "platform/Dialogs.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <cstdlib>
 
@@ -39,8 +41,11 @@ int AnswerOf(int button) {
     }
 }
 
+/// The window that a dialog stays in front of: without one, a click on the waiting window would cover it.
+QWidget* Owner() { return QApplication::activeWindow(); }
+
 std::string RunFileDialog(const FileDialogSetup& setup, QFileDialog::AcceptMode mode) {
-    QFileDialog dialog;
+    QFileDialog dialog(Owner());
     // The plain dialog looks the same everywhere, and takes a proposed name with a path.
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
                       QFileDialog::DontUseCustomDirectoryIcons);
@@ -49,8 +54,10 @@ std::string RunFileDialog(const FileDialogSetup& setup, QFileDialog::AcceptMode 
     dialog.setNameFilter(ShownText(setup.filter.substr(setup.filter.find('|') + 1)));
     dialog.setFilter(QDir::AllDirs | QDir::Files | QDir::Hidden | QDir::NoDot);
     dialog.setDirectory(ShownText(setup.folder));
-    if (!setup.proposedName.empty()) {
-        dialog.selectFile(ShownText(setup.proposedName));
+    // Into the box itself: the dialog's own way to propose a path would leave the start folder for the path's.
+    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); name != nullptr) {
+        name->setText(ShownText(setup.proposedName));
+        name->selectAll();
     }
     if (dialog.exec() != QDialog::Accepted) {
         throw Fault(FaultNumber::CancelWasSelected);
@@ -63,13 +70,13 @@ std::string RunFileDialog(const FileDialogSetup& setup, QFileDialog::AcceptMode 
 Int16 MessageBox(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon) {
     // The toolkit breaks lines at LF only.
     const QString lines = ShownText(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    QMessageBox box(IconOf(icon), ShownText(title), lines, ButtonsOf(buttons));
+    QMessageBox box(IconOf(icon), ShownText(title), lines, ButtonsOf(buttons), Owner());
     box.setTextFormat(Qt::PlainText);
     return AnswerOf(box.exec());
 }
 
 std::string InputBox(const std::string& prompt, const std::string& title) {
-    QInputDialog dialog;
+    QInputDialog dialog(Owner());
     dialog.setWindowTitle(ShownText(title));
     dialog.setLabelText(ShownText(prompt));
     dialog.resize(dialog.sizeHint().expandedTo({InputBoxWidth, 0}));
