@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QWidget>
 #include <algorithm>
 #include <charconv>
@@ -241,6 +242,12 @@ void WorldRedraws() {
     const double wide = MedianMicroseconds(redraw);
     FillWorld(18, 15);
     std::printf("UpdateWorld, 1023 by 256 to 18 by 15;%.1f;%.1f;us;1.3\n", wide, MedianMicroseconds(redraw));
+    surface.findChild<QRadioButton*>(QStringLiteral("ModeOption(3)"))->click();
+    const double withoutLinks = MedianMicroseconds(redraw);
+    for (int n = 0; n < MostLinks; ++n) {
+        AddInNewLink(n % ViewColumns, n / ViewColumns);
+    }
+    std::printf("UpdateWorld, 63 links to none;%.1f;%.1f;us;2.0\n", MedianMicroseconds(redraw), withoutLinks);
 }
 
 }  // namespace
