@@ -97,6 +97,7 @@ TEST_F(NewInfoFrmTest, ASetIsMadeFromTheToolbar) {
 }
 
 TEST_F(NewInfoFrmTest, ClosingTheLastScreenEndsTheProcessInTheWait) {
+    dialogs.endThrows = true;
     bool waitsWithoutMainFrm = false;
     EXPECT_THROW((void)Ask([&] {
                      CloseScreen("MainFrm");
