@@ -5,10 +5,10 @@
 namespace {
 
 struct LabelPlace {
-    Label zBGEditFrm::*label;
-    const char* name;
+    Label zBGEditFrm::*label = nullptr;
+    const char* name = "";
     Place place;
-    const char* caption;
+    const char* caption = "";
 };
 
 /// What is told about the bad guy, beside its picture.
