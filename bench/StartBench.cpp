@@ -7,11 +7,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <string>
 #include <vector>
-
-#include <time.h>
 
 #include "core/Preferences.h"
 #include "core/SharedState.h"

@@ -65,6 +65,8 @@ void CloseAllFiles() {
 
 }  // namespace
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc): the containers get their memory here
+
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return size <= LargestRequest ? std::malloc(size) : nullptr;
 }
@@ -79,6 +81,8 @@ void* operator new(std::size_t size) {
 
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+// NOLINTEND(cppcoreguidelines-no-malloc)
 
 std::optional<std::string> ReadAfresh(const std::string& bytes, const std::string& name,
                                       const std::function<std::optional<std::string>(const std::string& path)>& read) {

@@ -133,9 +133,9 @@ void MakeLinkRow(WorldFrm& form, int i, const Picture& marker) {
 }
 
 struct LinkReadOut {
-    Label WorldFrm::*box;
-    const char* name;
-    const char* heading;
+    Label WorldFrm::*box = nullptr;
+    const char* name = "";
+    const char* heading = "";
     Place place;
     Place headingPlace;
 };
