@@ -291,28 +291,4 @@ TEST_F(ControlsTest, AreasShowCrLfAsABreakAndOtherEndsAsSymbols) {
     }
 }
 
-TEST_F(ControlsTest, KeysPassTheirFilter) {
-    std::vector<int> keys;
-    form->Box.KeyPress = [&](int KeyAscii) {
-        keys.push_back(KeyAscii);
-        return KeyAscii == 8 || (KeyAscii >= '0' && KeyAscii <= '9');
-    };
-    TypeInto(Name, "Box", "1x2-3");
-    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Left, Qt::Key_Delete}) {
-        PressKey(Name, "Box", key);
-    }
-    EXPECT_EQ(form->Box.Text(), "1");
-    EXPECT_EQ(keys, (std::vector<int>{'1', 'x', '2', '-', '3', 8, 13}));
-}
-
-TEST_F(ControlsTest, PositionsAreSixteenBits) {
-    form->Window.MoveTo(40000, 5);
-    EXPECT_EQ(FaultOf([&] { (void)form->Window.Left(); }), FaultNumber::Overflow);
-    EXPECT_EQ(form->Window.Top(), 5);
-    form->Window.Restore(0, 0, true);
-    EXPECT_NE(form->Window.Left(), 0);
-    form->Window.Restore(0, 0, false);
-    EXPECT_EQ(form->Window.Left(), 0);
-}
-
 }  // namespace

@@ -70,7 +70,8 @@ void SaveHelpOverAFolder() {
 }
 
 /// Types into a box of VarsFrm; nothing empties it.
-void InVars(const char* box, const std::string& text) {
+void InVars(const char* box, const std::string& text, int addEnd = 0) {
+    PrefsRecord.AddEndState = addEnd;
     OpenVarsFrm();
     TypeInto("VarsFrm", box, text.empty() ? "1" : text);
     if (text.empty()) {
@@ -122,10 +123,13 @@ void InWorldProperties(const char* box, const std::string& text, int width = 40)
     }
 }
 
-/// Changes a fresh world, and then does something in its editor.
-void InWorld(const std::function<void()>& change, const std::function<void()>& act) {
+void SetWorldMode(int mode) { ClickOn(Editor, Member("ModeOption", mode)); }
+
+/// Does something in the editor of a fresh world, in that mode and from that first palette cell on.
+void InWorld(int mode, int palette, const std::function<void()>& act) {
     OpenWorld();
-    change();
+    SetWorldMode(mode);
+    ScrollTo(Editor, "TileScroll", palette);
     act();
 }
 
@@ -137,13 +141,67 @@ void ShowLinks(int count) {
     ClickOn(Editor, "ModeOption(2)");
 }
 
-void SetWorldMode(int mode) { ClickOn(Editor, Member("ModeOption", mode)); }
-
 struct FatalAction {
     const char* what;
     std::function<void(const std::string& folder)> act;  ///< `folder` is the test's own, empty at first
     std::optional<FaultNumber> fault;                    ///< none for what stands just within a limit
 };
+
+void OpenPropertiesOfNoKind() {
+    ShowBadGuy(64, 64);
+    LevelRecord.objects[1].kind = 10;
+    RightClickOn(Main, "BGImg(0)");
+}
+
+void WriteInfoOverAFolder(const std::string& folder) {
+    std::filesystem::create_directory(folder + "/info");
+    WriteInfoBeside(folder + "/level.fbl");
+}
+
+void ChooseTextAsBackground(const std::string& folder) {
+    WriteFile(folder + "/notes.txt", "no picture");
+    ChooseBackgroundIn(folder);
+}
+
+void CreateSetOverAFolder(const std::string& folder) {
+    std::filesystem::create_directory(folder + "/bare");
+    CreateSet(folder, "bare");
+}
+
+void PickNoTile() {
+    WorldRecord.tiles(1, 1) = 0;
+    RightClickOn(Editor, Img(1, 1));
+}
+
+void SaveTooHighAWorld() {
+    OpenWorld();
+    WorldRecord.height = 32;
+    ClickOn(Editor, "WTB(5)");
+}
+
+void ListNoType() {
+    AddLink(1, 1, 6);
+    SetWorldMode(2);
+}
+
+void SetTileAndMode(int column, int row, int tile, int mode) {
+    WorldRecord.tiles(column, row) = tile;
+    SetWorldMode(mode);
+}
+
+void OpenSavedWorld(const std::string& path) {
+    WorldPath = path;
+    WriteFile(path, "(floebird-worldmap (tilemap (width many)))\n");
+    ClickOn(Main, "TB(13)");
+}
+
+/// Draws a fresh world, whose tiles reach to column 40, as one of `width` columns from its column `first` on.
+void DrawWorldBeyondItsTiles(int width, int first) {
+    OpenWorld();
+    WorldRecord.width = width;
+    UpdateWorld();
+    ScrollTo(Editor, "MapXScroll", first);
+}
 
 using enum FaultNumber;
 
@@ -157,13 +215,7 @@ const FatalAction Actions[]{
     {"bars of a level too high", [](auto&) { OpenProperties(64, 64, 18, 1025); }, Overflow},
     {"the last kind", [](auto&) { ShowBadGuy(64, 64, 9); }, {}},
     {"a kind that is none", [](auto&) { ShowBadGuy(64, 64, 10); }, SubscriptOutOfRange},
-    {"properties of a kind that is none",
-     [](auto&) {
-         ShowBadGuy(64, 64);
-         LevelRecord.objects[1].kind = 10;
-         RightClickOn(Main, "BGImg(0)");
-     },
-     SubscriptOutOfRange},
+    {"properties of a kind that is none", [](auto&) { OpenPropertiesOfNoKind(); }, SubscriptOutOfRange},
     {"deleting the last bad guy", [](auto&) { DeleteTheOnlyBadGuy(1); }, {}},
     {"deleting from an empty list", [](auto&) { DeleteTheOnlyBadGuy(2); }, SubscriptOutOfRange},
     {"reset point in column 1013", [](auto&) { AddSecondResetPointAt(1013); }, {}},
@@ -172,87 +224,36 @@ const FatalAction Actions[]{
     {"maps that do not fill the view", [](auto&) { ShowLayerOf(16); }, SubscriptOutOfRange},
     {"saving without maps", [](auto&) { PressWithoutMaps("TB(7)"); }, SubscriptOutOfRange},
     {"text of a level without maps", [](auto&) { PressWithoutMaps("TB(11)"); }, SubscriptOutOfRange},
-    {"a folder in the place of the INFO file",
-     [](auto& path) {
-         std::filesystem::create_directory(path + "/info");
-         WriteInfoBeside(path + "/level.fbl");
-     },
-     PathFileAccessError},
+    {"a folder in the place of the INFO file", [](auto& path) { WriteInfoOverAFolder(path); }, PathFileAccessError},
     {"an INFO file without a folder", [](auto& path) { WriteInfoBeside(path + "/gone/info"); }, PathNotFound},
     {"a folder in the place of the help file", [](auto&) { SaveHelpOverAFolder(); }, PathFileAccessError},
     {"width emptied", [](auto&) { InVars("WidthBox", ""); }, TypeMismatch},
     {"width 40000", [](auto&) { InVars("WidthBox", "40000"); }, Overflow},
-    {"width 21 with an ending",
-     [](auto&) {
-         PrefsRecord.AddEndState = 1;
-         InVars("WidthBox", "21");
-     },
-     SubscriptOutOfRange},
+    {"width 21 with an ending", [](auto&) { InVars("WidthBox", "21", 1); }, SubscriptOutOfRange},
     {"start x emptied", [](auto&) { InVars("StartXBox", ""); }, TypeMismatch},
     {"start y of letters", [](auto&) { InVars("StartYBox", "x"); }, TypeMismatch},
     {"blue beyond 16 bits", [](auto&) { InVars("BkgBluTopBox", "32768"); }, Overflow},
     {"red of a sign", [](auto&) { InVars("BkgRedBtmBox", "-"); }, TypeMismatch},
     {"time beyond 16 bits", [](auto&) { InVars("TimeBox", "99999"); }, Overflow},
     {"no background folder", [](auto& path) { ChooseBackgroundIn(path + "/gone"); }, PathNotFound},
-    {"background that is no picture",
-     [](auto& path) {
-         WriteFile(path + "/notes.txt", "no picture");
-         ChooseBackgroundIn(path);
-     },
-     InvalidPicture},
-    {"level set over a folder",
-     [](auto& path) {
-         std::filesystem::create_directory(path + "/bare");
-         CreateSet(path, "bare");
-     },
-     PathFileAccessError},
+    {"background that is no picture", [](auto& path) { ChooseTextAsBackground(path); }, InvalidPicture},
+    {"level set over a folder", [](auto& path) { CreateSetOverAFolder(path); }, PathFileAccessError},
     {"level set without a place for it", [](auto& path) { CreateSet(path + "/gone", "new"); }, PathNotFound},
-    {"world favorites behind the table",
-     [](auto&) { InWorld([] { SetWorldMode(1); }, [] { ScrollTo(Editor, "TileScroll", 11); }); }, SubscriptOutOfRange},
-    {"a palette cell behind the world tiles",
-     [](auto&) { InWorld([] { ScrollTo(Editor, "TileScroll", 12); }, [] { ClickOn(Editor, "TileImg(28)"); }); },
+    {"world favorites behind the table", [](auto&) { InWorld(1, 11, [] {}); }, SubscriptOutOfRange},
+    {"a palette cell behind the world tiles", [](auto&) { InWorld(0, 12, [] { ClickOn(Editor, "TileImg(28)"); }); },
      SubscriptOutOfRange},
-    {"an empty world favorite", [](auto&) { InWorld([] { SetWorldMode(1); }, [] { ClickOn(Editor, "TileImg(0)"); }); },
+    {"an empty world favorite", [](auto&) { InWorld(1, 1, [] { ClickOn(Editor, "TileImg(0)"); }); },
      SubscriptOutOfRange},
-    {"picking an empty world cell",
-     [](auto&) { InWorld([] { WorldRecord.tiles(1, 1) = 0; }, [] { RightClickOn(Editor, Img(1, 1)); }); },
+    {"picking an empty world cell", [](auto&) { InWorld(0, 1, PickNoTile); }, SubscriptOutOfRange},
+    {"a world tile without a picture", [](auto&) { InWorld(0, 1, [] { SetTileAndMode(17, 14, 77, 3); }); },
      SubscriptOutOfRange},
-    {"a world tile without a picture",
-     [](auto&) { InWorld([] { WorldRecord.tiles(17, 14) = 77; }, [] { SetWorldMode(3); }); }, SubscriptOutOfRange},
     {"63 links", [](auto&) { ShowLinks(63); }, {}},
     {"64 links", [](auto&) { ShowLinks(64); }, SubscriptOutOfRange},
-    {"drawing behind the world tiles",
-     [](auto&) { InWorld([] { WorldRecord.width = 41; }, [] { ScrollTo(Editor, "MapXScroll", 22); }); },
-     {}},
-    {"drawing further behind them",
-     [](auto&) {
-         InWorld(
-             [] {
-                 WorldRecord.width = 42;
-                 UpdateWorld();
-             },
-             [] { ScrollTo(Editor, "MapXScroll", 24); });
-     },
-     SubscriptOutOfRange},
-    {"saving more than the world tiles",
-     [](auto&) { InWorld([] { WorldRecord.height = 32; }, [] { ClickOn(Editor, "WTB(5)"); }); }, SubscriptOutOfRange},
-    {"a link type out of the table",
-     [](auto&) {
-         InWorld(
-             [] {
-                 AddLink(1, 1, 6);
-                 SetWorldMode(3);
-             },
-             [] { SetWorldMode(2); });
-     },
-     SubscriptOutOfRange},
-    {"a saved world that does not read",
-     [](auto& path) {
-         WorldPath = path + "/bad.fbwm";
-         WriteFile(WorldPath, "(floebird-worldmap (tilemap (width many)))\n");
-         ClickOn(Main, "TB(13)");
-     },
-     TypeMismatch},
+    {"drawing behind the world tiles", [](auto&) { DrawWorldBeyondItsTiles(41, 23); }, {}},
+    {"drawing further behind them", [](auto&) { DrawWorldBeyondItsTiles(42, 24); }, SubscriptOutOfRange},
+    {"saving more than the world tiles", [](auto&) { SaveTooHighAWorld(); }, SubscriptOutOfRange},
+    {"a link type out of the table", [](auto&) { InWorld(3, 1, ListNoType); }, SubscriptOutOfRange},
+    {"a saved world that does not read", [](auto& path) { OpenSavedWorld(path + "/bad.fbwm"); }, TypeMismatch},
     {"link x at its end", [](auto&) { InLink("XBox", "32767"); }, {}},
     {"link x beyond 16 bits", [](auto&) { InLink("XBox", "32768"); }, Overflow},
     {"link y emptied", [](auto&) { InLink("YBox", ""); }, TypeMismatch},
@@ -264,6 +265,7 @@ const FatalAction Actions[]{
     {"a world width that the bar lacks", [](auto&) { InWorldProperties("WidthBox", "513"); }, InvalidPropertyValue},
     {"opening with such a width", [](auto&) { InWorldProperties("WidthBox", "", 513); }, InvalidPropertyValue},
 };
+
 class FatalFaultsTest : public ScreenTest {
 protected:
     void TearDown() override {

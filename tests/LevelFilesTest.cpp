@@ -105,26 +105,6 @@ TEST_F(LevelFilesTest, NewEntriesAreNew) {
     EXPECT_EQ(BadGuyTypeTable[9].CountInUse, 0);
 }
 
-/// A file with LF line ends whose last line has none is delivered for ever; one character is lost instead.
-TEST_F(LevelFilesTest, LoopsWithoutEndYield) {
-    struct Escape {};
-    const std::string longComment = ";" + std::string(300, 'c') + "\n";
-    for (const std::string& bytes : {longComment + "(floebird-level\n(time 6)",
-                                     longComment + "(floebird-level\n(width 21)\n(background-tm 1 2 3\n",
-                                     ";" + std::string(256, 'c') + "\r\n(floebird-level\r\n"}) {
-        int looks = 0;
-        doubles.onYield = [&] {
-            if (++looks > 100000) {
-                throw Escape();
-            }
-        };
-        EXPECT_THROW(ReadLevel(bytes), Escape) << bytes.substr(300);
-    }
-    doubles.onYield = nullptr;
-    ReadLevel(longComment + "(floebird-level\n(time 6)\n)");
-    EXPECT_EQ(LevelRecord.time, 6);
-}
-
 TEST_F(LevelFilesTest, ThresholdOfLfMode) {
     const std::string rest = "\n(floebird-level\n(time 6)\n)\n";
     ReadLevel(";" + std::string(256 - 1 - rest.size(), 'c') + rest);

@@ -179,20 +179,13 @@ TEST_F(NewLevelTest, CommandAsksOnlyAboutALevelInMemory) {
     }
 }
 
-TEST_F(NewLevelTest, ALevelSetIsItsInfoFile) {
-    fs::create_directory(folder / "bare");
-    fs::create_directories(folder / "odd" / "info");
-    fs::create_directory(folder / "full");
-    Store("full/info", "x");
-    for (const auto& [name, exists] : {std::pair("none", false), {"bare", false}, {"odd", false}, {"full", true}}) {
-        EXPECT_EQ(LevelSetExists(name), exists) << name;
-    }
-    EXPECT_TRUE(LevelSetExists("full/"));
-}
-
 TEST_F(NewLevelTest, ASetIsMadeUnlessItIsRefused) {
     fs::create_directory(folder / "taken");
+    fs::create_directories(folder / "odd" / "info");
+    EXPECT_FALSE(LevelSetExists("odd"));
+    EXPECT_FALSE(LevelSetExists("none"));
     Store("taken/info", "x");
+    EXPECT_TRUE(LevelSetExists("taken/"));
     const Message question{"Do you wish to start a new Floebird Level Set?", "Create New Level Set",
                            MessageButtons::YesNoCancel, MessageIcon::Question};
     const Message taken{"The Name Specified already exists!", "Level Set Creation Error", MessageButtons::Ok,
@@ -231,21 +224,6 @@ TEST_F(NewLevelTest, ASetIsMadeUnlessItIsRefused) {
     EXPECT_NE(FileText(folder / "new" / "info").find("(title \"A title\")"), std::string::npos);
     EXPECT_EQ(LevelPath, path);
     EXPECT_FALSE(fs::exists(path)) << "the first level is in memory only";
-}
-
-TEST_F(NewLevelTest, AFolderThatCannotBeMadeIsAFault) {
-    fs::create_directory(folder / "bare");
-    const std::pair<std::string, FaultNumber> cases[] = {{"bare", FaultNumber::PathFileAccessError},
-                                                         {std::string(300, 'n'), FaultNumber::PathFileAccessError},
-                                                         {"a/b", FaultNumber::PathNotFound}};
-    for (const auto& [name, fault] : cases) {
-        dialogs.answers = {AnswerYes};
-        dialogs.inputs = {name};
-        AnswerInfo(True);
-        EXPECT_EQ(FaultOf(CreateLevelSet), fault) << name;
-    }
-    EXPECT_TRUE(fs::is_empty(folder / "bare"));
-    EXPECT_EQ(LevelLoaded, False);
 }
 
 }  // namespace

@@ -112,15 +112,6 @@ TEST_F(FilesTest, NumbersComeFromATableOf511) {
     EXPECT_EQ(FreeFileNumber(), 200);
 }
 
-TEST_F(FilesTest, BinaryOutputKeepsWhatStandsBehind) {
-    const std::string path = Store("file", "0123456789");
-    OpenForBinary(1, path);
-    EXPECT_EQ(FileLength(1), 10);
-    WriteBytes(1, "ab");
-    CloseFile(1);
-    EXPECT_EQ(FileText(path), "ab23456789");
-}
-
 TEST_F(FilesTest, QueriesGiveFilesByTheirExactName) {
     EXPECT_EQ(QueryFile(Store("info", "")), "info");
     for (const std::string& path : {PathOf("Info"), folder.string(), std::string()}) {

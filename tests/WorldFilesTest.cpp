@@ -71,18 +71,6 @@ protected:
     }
 };
 
-TEST_F(WorldFilesTest, AnUnclosedTextYieldsForEver) {
-    struct Closed {};
-    int yields = 0;
-    doubles.onYield = [&] {
-        if (++yields == 1000) {
-            throw Closed{};
-        }
-    };
-    WorldScanner in{"\"abc"};
-    EXPECT_THROW(in.ReadQuoted(), Closed);
-}
-
 /// Each case: a file as it may come, and what the program makes of it. What it has written reads back to the same.
 TEST_F(WorldFilesTest, GoldenFolders) {
     int cases = 0;
