@@ -185,24 +185,6 @@ TEST_F(ControlsTest, CellsArePaintedBackToFront) {
     EXPECT_EQ(pixel(200 + 15, 25), WindowOf(Name).palette().window().color());
 }
 
-TEST_F(ControlsTest, OnePaintBringsAllUp) {
-    struct Counter : QObject {
-        int paints = 0;
-        bool eventFilter(QObject*, QEvent* event) override {
-            paints += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } counter;
-    DeliverEvents();
-    WindowOf(Name).installEventFilter(&counter);
-    for (int i = 0; i < 100; ++i) {
-        form->Cell[0].SetBorder(i % 2);
-        form->Cell[2].SetVisible(i % 2 == 0);
-    }
-    DeliverEvents();
-    EXPECT_EQ(counter.paints, 1);
-}
-
 TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     form->Window.SetEnabled(false);
     ClickOn(Name, "Cell(0)");

@@ -62,10 +62,6 @@ TEST(TextsTest, TrimTakesBlanksOnly) {
     EXPECT_EQ(CharAt("ab", 0), Beyond);
 }
 
-TEST(FaultTest, MessageNamesNumberAndWords) {
-    EXPECT_EQ(FaultMessage(Fault(FaultNumber::SubscriptOutOfRange)), "Run-time error '9':\n\nSubscript out of range");
-}
-
 using FilesTest = ModelTest;
 
 TEST_F(FilesTest, LinesEndAtCarriageReturns) {

@@ -124,14 +124,4 @@ TEST_F(PreferencesTest, ClampsOfTheSelectionsDifferOnPurpose) {
     }
 }
 
-TEST_F(PreferencesTest, FoldersLieBelowTheGame) {
-    InitConstants();
-    EXPECT_EQ(GameFolder, JoinPath(ProgramFolder(), "Floebird"));
-    EXPECT_EQ(UserLevelsFolder, GameFolder + "/.floebird/levels");
-    EXPECT_EQ(BackgroundFolder, GameFolder + "/data/images/background");
-    EXPECT_EQ(MusicFolder, GameFolder + "/data/music");
-    EXPECT_EQ(WorldMapsFolder, GameFolder + "/data/levels/worldmaps");
-    EXPECT_EQ(LogonName.size(), 16U);
-}
-
 }  // namespace
