@@ -46,12 +46,11 @@ TEST_F(BadGuysTest, PlacingRoundsTheReadOut) {
         EXPECT_EQ(StateOf(Main, Member("ObjIndImg", kind)), kind == 5 ? "shown" : "hidden");
     }
     const struct {
-        QPoint at;
-        int x, y;
-    } cases[] = {{{0, 0}, 224, 96}, {{7, 8}, 224, 97}, {{8, 22}, 225, 97}, {{23, 31}, 226, 98}};
+        QPoint at, place;
+    } cases[] = {{{0, 0}, {224, 96}}, {{7, 8}, {224, 97}}, {{8, 22}, {225, 97}}, {{23, 31}, {226, 98}}};
     for (const auto& c : cases) {
         ClickOn(Main, Img(2, 3), Qt::RightButton, c.at);
-        EXPECT_EQ(Last(), (BadGuy{5, "jumpy", c.x, c.y, 0}));
+        EXPECT_EQ(Last(), (BadGuy{5, "jumpy", c.place.x(), c.place.y(), 0}));
         LevelRecord.BadGuyCount = 0;  // or the next press would meet the sprite
         UpdateDisplay();
     }

@@ -76,7 +76,7 @@ protected:
         form->Window.Show();
     }
 
-    Texts Events() const { return std::exchange(form->events, {}); }
+    [[nodiscard]] Texts Events() const { return std::exchange(form->events, {}); }
 
     ScreenHolder<ProbeFrm> holder;
     ProbeFrm* form = nullptr;

@@ -13,7 +13,7 @@ namespace {
 class LevelFilesTest : public ModelTest {
 protected:
     /// Reads a level file of these bytes, as the program does.
-    void ReadLevel(const std::string& bytes) const {
+    void ReadLevel(const std::string& bytes) {
         LevelRecord.ResetPointCount = 0;
         LevelRecord.BadGuyCount = 0;
         ReadLevelFile(Store("level.fbl", bytes));

@@ -217,7 +217,8 @@ TEST_F(MainFrmTest, ShapesKeepTheirGuards) {
 
 TEST_F(MainFrmTest, FilesOpenAndSave) {
     OpenMain(30);
-    const std::string a = PathOf("a.fbl"), b = PathOf("b.fbl");
+    const std::string a = PathOf("a.fbl");
+    const std::string b = PathOf("b.fbl");
     WriteLevelFile(a);
     dialogs.files = {a, b};
     ScrollTo(Main, "MapXScroll", 5);
@@ -349,10 +350,14 @@ TEST_F(MainFrmTest, OneSpriteShowsTheFirstResetPointInView) {
 /// Whole runs of the program, from the preferences to the preferences.
 class RunTest : public ScreenTest {
 protected:
-    RunTest() { std::filesystem::remove(preferences); }
-    ~RunTest() override { std::filesystem::remove(preferences); }
-    RunTest(const RunTest&) = delete;
-    RunTest& operator=(const RunTest&) = delete;
+    void SetUp() override {
+        ScreenTest::SetUp();
+        std::filesystem::remove(preferences);
+    }
+    void TearDown() override {
+        ScreenTest::TearDown();
+        std::filesystem::remove(preferences);
+    }
 
     const std::string preferences = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
 };

@@ -40,6 +40,7 @@ std::vector<QImage> CutUp(const Sheet& sheet, int zoom) {
     const QImage whole = Load(sheet, zoom);
     const QSize size = QSize(sheet.width, sheet.height) * zoom;
     std::vector<QImage> pictures;
+    pictures.reserve(static_cast<std::size_t>(sheet.count));
     for (int i = 0; i < sheet.count; ++i) {
         pictures.push_back(whole.copy({{i % Columns * size.width(), i / Columns * size.height()}, size}));
     }
@@ -152,7 +153,9 @@ TEST(PicturesTest, GroundIsOpaqueAndShapesJoin) {
                     const auto at = [&](std::size_t column, std::size_t line) {
                         return line < map.size() && column < map[line].size() ? map[line][column] : 0;
                     };
-                    const std::size_t here = at(x, y), right = at(x + 1, y), below = at(x, y + 1);
+                    const std::size_t here = at(x, y);
+                    const std::size_t right = at(x + 1, y);
+                    const std::size_t below = at(x, y + 1);
                     if (row[1] == "opaque") {
                         EXPECT_TRUE(IsOpaque(pictures[here - 1])) << here;
                         continue;

@@ -88,5 +88,5 @@ void ScrollTo(const std::string& screen, const std::string& name, int value);
 void CloseScreen(const std::string& screen);
 void DeliverEvents();
 
-/// Where a screen's frame stands, and what the preferences hold for it.
+/// Where the preferences say that the frame of screen `index` stood.
 [[nodiscard]] QPoint SavedPlace(std::size_t index);

@@ -24,8 +24,6 @@ protected:
 
 std::string Word(int number) { return {static_cast<char>(number & 0xFF), static_cast<char>((number >> 8) & 0xFF)}; }
 
-std::string Zeros(std::size_t count) { return std::string(count, '\0'); }
-
 /// All fields different from each other, and the bytes that the file holds for them.
 std::string FillRecord() {
     Preferences& p = PrefsRecord;
@@ -49,13 +47,13 @@ std::string FillRecord() {
     };
     array(p.ScreenLeft);
     array(p.ScreenTop);
-    bytes += Zeros(32);
+    bytes += std::string(32, '\0');
     text(p.LevelPath, "/levels/\xE9.fbl");
     numbers(Fields{&p.SavedTile, &p.SavedLayer, &p.SavedMode, &p.SavedObject});
-    bytes += Zeros(2 + 1);
+    bytes += std::string(2 + 1, '\0');
     text(p.WorldPath, "");
     numbers(Fields{&p.SavedWorldMode, &p.SavedWorldX, &p.SavedWorldY, &p.SavedScroll});
-    bytes += Zeros(2);
+    bytes += std::string(2, '\0');
     numbers(Fields{&p.GridState});
     text(p.InfoPath, std::string(300, 'i'));
     numbers(Fields{&p.AutoState, &p.SavedTileSet});
@@ -63,7 +61,7 @@ std::string FillRecord() {
     array(p.FavoritesB);
     text(p.DefaultAuthor, "Ann");
     numbers(Fields{&p.AddEndState, &p.ResetState, &p.IglooState, &p.FloorTile});
-    bytes += Zeros(2);
+    bytes += std::string(2, '\0');
     numbers(Fields{&p.WorldAutoComplete});
     array(p.WorldFavorites);
     return bytes;

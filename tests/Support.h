@@ -56,7 +56,7 @@ protected:
     [[nodiscard]] std::string PathOf(const std::string& name) const { return (folder / name).string(); }
 
     /// Writes a file into the test's folder and gives its path.
-    std::string Store(const std::string& name, const std::string& bytes) const {
+    std::string Store(const std::string& name, const std::string& bytes) {
         WriteFile(folder / name, bytes);
         return PathOf(name);
     }

@@ -58,7 +58,7 @@ TEST(WorldScannerTest, RoutinesTakeWhatTheySay) {
 class WorldFilesTest : public ModelTest {
 protected:
     /// Reads a file of these bytes, as the first one in the program.
-    void Read(const std::string& bytes) const {
+    void Read(const std::string& bytes) {
         WorldPath.clear();
         ReadWorldFile(Store("map.fbwm", bytes));
     }

@@ -345,7 +345,8 @@ TEST_F(WorldFrmTest, TheListShowsSixteenLinks) {
 TEST_F(WorldFrmTest, FilesOpenAndSave) {
     OpenWorld(20, 16);
     AddLink(1, 1, MessageLink);
-    const std::string a = PathOf("a.fbwm"), b = PathOf("b.fbwm");
+    const std::string a = PathOf("a.fbwm");
+    const std::string b = PathOf("b.fbwm");
     ClickOn(Editor, "WTB(5)");
     EXPECT_TRUE(std::filesystem::is_empty(folder)) << "there is no path to save to";
     dialogs.files = {a, b};
