@@ -1,424 +1,378 @@
-#include <fstream>
+#include <QTimer>
 
 #include "core/General.h"
-#include "core/Screens.h"
-#include "core/SharedState.h"
-#include "core/StartUp.h"
 #include "level/LevelWriter.h"
 #include "platform/Files.h"
-#include "platform/ImageCell.h"
 #include "tests/ScreenDriver.h"
 
-// The map view, the palette, painting, the toolbar and the start-up of MainFrm, through its window.
+// MainFrm through its window: the map view, the palette, painting, the toolbar, the start position, the reset points
+// and the start-up.
 
 namespace {
 
-constexpr const char* Main = "MainFrm";
-
-std::string Img(int column, int row) { return "Img(" + std::to_string(column * 15 + row) + ")"; }
-
-std::string SelImg(int index) { return "SelImg(" + std::to_string(index) + ")"; }
-
-class MainFrmTest : public ScreenTest {
-protected:
-    static void Open() {
-        LoadMainFrm();
-        ShowMainFrm();
-    }
-
-    static void OpenWithLevel(int width) {
-        Open();
-        MakeLevel(width);
-        UpdateDisplay();
-    }
-
-    static void ShowsTile(int column, int row, int tile) {
-        EXPECT_EQ(CellOf(Main, Img(column, row)).Shown(), tile == 0 ? Picture() : BlockImgList()[tile])
-            << column << ", " << row << " does not show " << tile;
-    }
-};
+using MainFrmTest = ScreenTest;
 
 TEST_F(MainFrmTest, FirstStartAsksForALevel) {
-    Open();
-    EXPECT_EQ(CaptionOf(Main, "FileNameBox"), "Click here to open an existing Floebird Level file.");
+    OpenMain();
+    EXPECT_EQ(StatesOf(Main, {"FileNameBox", "LayerOption(0)", "ModeOption(0)", "TilesOption(0)", "MapXScroll"}),
+              (Texts{"Click here to open an existing Floebird Level file.", "on", "on", "on", "0 of 32767"}));
     EXPECT_EQ(WindowOf(Main).windowTitle().toStdString(), "FB_Editor V1.09 - Floebird Level Editor by Quillhare");
-    for (const char* chosen : {"LayerOption(0)", "ModeOption(0)", "TilesOption(0)"}) {
-        EXPECT_TRUE(IsTicked(Main, chosen)) << chosen;
-    }
-    EXPECT_EQ(ScrollMaxOf(Main, "MapXScroll"), 32767);
     EXPECT_EQ(SelectedBadGuy, -1);
     EXPECT_EQ(ToolTipOf(Main, "ObjSelImg(5)"), "Click to select Bouncing Spikey");
-    ClickCell(Main, Img(0, 0), Qt::RightButton);
+    RightClickOn(Main, Img(0, 0));
     MoveOverCell(Main, Img(3, 3));
-    EXPECT_EQ(CaptionOf(Main, "ColBox"), "");
-    ClickCell(Main, Img(0, 0));
+    EXPECT_EQ(StateOf(Main, "ColBox"), "");
+    ClickOn(Main, Img(0, 0));
     ASSERT_EQ(dialogs.messages.size(), 1U);
-    EXPECT_EQ(dialogs.messages[0].text,
-              "You must create the level first!\r\nUse the File menu to create a new set or level.");
-    EXPECT_EQ(dialogs.messages[0].title, "No Level Width Specified");
+    EXPECT_EQ(dialogs.messages[0].title + ": " + dialogs.messages[0].text,
+              "No Level Width Specified: You must create the level first!\r\nUse the File menu to create a new set or "
+              "level.");
+    ClickOn(Main, "ModeOption(1)");
+    PressCell(Main, Img(2, 3));
+    EXPECT_EQ(LevelRecord.BadGuyCount, 1) << "placed, but unseen";
+    EXPECT_EQ(StateOf(Main, "BGImg(0)"), "hidden");
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
 }
 
-TEST_F(MainFrmTest, CellsRunDownEachColumn) {
-    Open();
-    EXPECT_EQ(CellOf(Main, "Img(0)").Left(), 10);
-    EXPECT_EQ(CellOf(Main, "Img(0)").Top(), 80);
-    EXPECT_EQ(CellOf(Main, "Img(269)").Left(), 10 + 34 * 17);
-    EXPECT_EQ(CellOf(Main, "Img(16)").Top(), 80 + 34);
-}
-
 TEST_F(MainFrmTest, LayersShowOneTileOfACell) {
-    OpenWithLevel(40);
+    OpenMain(40);
     LevelRecord.background_tm(1, 1) = 5;
     LevelRecord.interactive_tm(1, 1) = 6;
     LevelRecord.foreground_tm(1, 1) = 7;
     LevelRecord.interactive_tm(2, 1) = 8;
     LevelRecord.background_tm(3, 1) = 205;
-    const struct {
-        const char* option;
-        int first;
-        int second;
-    } cases[] = {
-        {"LayerOption(3)", 7, 8}, {"LayerOption(0)", 5, 0}, {"LayerOption(1)", 6, 8}, {"LayerOption(2)", 7, 0}};
-    for (const auto& [option, first, second] : cases) {
-        ClickOn(Main, option);
-        ShowsTile(1, 1, first);
-        ShowsTile(2, 1, second);
-        ShowsTile(3, 1, 0);
+    const struct { int layer, first, second; } cases[] = {{3, 7, 8}, {0, 5, 0}, {1, 6, 8}, {2, 7, 0}};
+    for (const auto& [layer, first, second] : cases) {
+        ClickOn(Main, Member("LayerOption", layer));
+        EXPECT_EQ(TileAt(Main, 1, 1), first);
+        EXPECT_EQ(TileAt(Main, 2, 1), second);
+        EXPECT_EQ(TileAt(Main, 3, 1), 0);
     }
-    EXPECT_TRUE(IsShown(Main, "GridBackBox"));
+    EXPECT_EQ(StateOf(Main, "GridBackBox"), "shown");
     ClickOn(Main, "GridCheck");
     EXPECT_EQ(PrefsRecord.GridState, 1);
-    EXPECT_FALSE(IsShown(Main, "GridBackBox"));
-    ShowsTile(3, 1, 204);
-    ShowsTile(1, 1, 7);
+    EXPECT_EQ(StateOf(Main, "GridBackBox"), "hidden");
+    EXPECT_EQ(TileAt(Main, 3, 1), 204);
     ClickOn(Main, "LayerOption(0)");
-    MoveOverCell(Main, Img(3, 1));
-    EXPECT_EQ(ToolTipOf(Main, Img(3, 1)), "Index = 46, Column = 3, Row = 1, Tile # 205");
+    EXPECT_EQ(MoveOverCell(Main, Img(3, 1)), "Index = 46, Column = 3, Row = 1, Tile # 205");
 }
 
 TEST_F(MainFrmTest, ScrollingMovesTheView) {
-    OpenWithLevel(40);
-    LevelRecord.background_tm(39, 14) = 9;
-    UpdateDisplay();
-    EXPECT_EQ(ScrollMaxOf(Main, "MapXScroll"), 22);
-    ScrollTo(Main, "MapXScroll", 22);
-    ShowsTile(17, 14, 9);
+    OpenMain(40);
+    EXPECT_EQ(PlaceOf(Main, Img(0, 0)), QPointF(10, 80));
+    EXPECT_EQ(PlaceOf(Main, Img(17, 14)), QPointF(10 + 34 * 17, 80 + 34 * 14));
     LevelRecord.background_tm(39, 14) = 77;
-    MoveOverCell(Main, Img(17, 14), {31, 15});
-    EXPECT_EQ(ToolTipOf(Main, Img(17, 14)), "Index = 269, Column = 39, Row = 14, Tile # 77 (Breakable Block)");
-    EXPECT_EQ(CaptionOf(Main, "ColBox"), "39 ");
-    EXPECT_EQ(CaptionOf(Main, "RowBox"), "14 ");
-    EXPECT_EQ(CaptionOf(Main, "XBox"), "1250.067 ");
-    EXPECT_EQ(CaptionOf(Main, "YBox"), "449 ");
+    ScrollTo(Main, "MapXScroll", 22);
+    EXPECT_EQ(TileAt(Main, 17, 14), 77);
+    EXPECT_EQ(MoveOverCell(Main, Img(17, 14), {31, 15}),
+              "Index = 269, Column = 39, Row = 14, Tile # 77 (Breakable Block)");
+    EXPECT_EQ(StatesOf(Main, {"MapXScroll", "ColBox", "RowBox", "XBox", "YBox"}),
+              (Texts{"22 of 22", "39 ", "14 ", "1250.067 ", "449 "}));
     LevelRecord.width = 18;
     UpdateDisplay();
-    EXPECT_EQ(ScrollMaxOf(Main, "MapXScroll"), 0);
+    EXPECT_EQ(StateOf(Main, "MapXScroll"), "0 of 0");
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
-}
-
-TEST_F(MainFrmTest, SpritesStandWhereTheLevelSays) {
-    OpenWithLevel(100);
-    for (const int x : {0, 33, 576 - 1, 576, 64}) {
-        LevelRecord.BadGuyCount += 1;
-        LevelRecord.objects.Resize(LevelRecord.BadGuyCount);
-        LevelRecord.objects[LevelRecord.BadGuyCount] = {4, "spiky", x, 448, 0};
-    }
-    LevelRecord.start_pos_x = 64;
-    LevelRecord.start_pos_y = 320;
-    UpdateDisplay();
-    EXPECT_FALSE(IsShown(Main, "BGImg(0)")) << "tile mode on one layer shows no bad guys";
-    EXPECT_EQ(CellOf(Main, "NukImage").Left(), 64);
-    EXPECT_EQ(CellOf(Main, "NukImage").Top(), 400);
-    ClickOn(Main, "LayerOption(3)");
-    EXPECT_EQ(CellOf(Main, "BGImg(0)").Left(), 10 + 33 * 34 / 32.0);
-    EXPECT_EQ(CellOf(Main, "BGImg(0)").Top(), 80 + 448);
-    EXPECT_EQ(CellOf(Main, "BGImg(0)").Shown(), BadGuysList()[5]);
-    EXPECT_EQ(CellOf(Main, "BGImg(1)").Left(), 10 + 575 * 34 / 32.0);
-    EXPECT_TRUE(IsShown(Main, "BGImg(2)"));
-    EXPECT_FALSE(IsShown(Main, "BGImg(3)"));
-    ScrollTo(Main, "MapXScroll", 2);
-    EXPECT_FALSE(IsShown(Main, "NukImage")) << "a start at the view's left edge is not shown";
-    EXPECT_TRUE(IsShown(Main, "BGImg(1)"));
-    EXPECT_FALSE(IsShown(Main, "BGImg(2)"));
-}
-
-TEST_F(MainFrmTest, AtMost32BadGuysAreShown) {
-    OpenWithLevel(100);
-    LevelRecord.BadGuyCount = 33;
-    LevelRecord.objects.Resize(33);
-    for (int i = 1; i <= 33; ++i) {
-        LevelRecord.objects[i] = {0, "snowball", 10 * i, 32, 0};
-    }
-    ClickOn(Main, "LayerOption(3)");
-    EXPECT_TRUE(IsShown(Main, "BGImg(31)"));
-    EXPECT_EQ(CellOf(Main, "BGImg(31)").Left(), 10 + 320 * 34 / 32.0);
-    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
-}
-
-TEST_F(MainFrmTest, OneSpriteServesAllResetPoints) {
-    OpenWithLevel(100);
-    LevelRecord.ResetPointCount = 2;
-    LevelRecord.reset_points.Resize(2);
-    LevelRecord.reset_points[1] = {16 * 32, 64};
-    LevelRecord.reset_points[2] = {5 * 32, 31};
-    UpdateDisplay();
-    EXPECT_FALSE(IsShown(Main, "ResetImg"));
-    ClickOn(Main, "ResetCheck");
-    EXPECT_EQ(CellOf(Main, "ResetImg").Left(), CellOf(Main, Img(16, 2)).Left());
-    EXPECT_EQ(CellOf(Main, "ResetImg").Top(), CellOf(Main, Img(16, 2)).Top());
-    MoveOverCell(Main, "ResetImg");
-    EXPECT_EQ(ToolTipOf(Main, "ResetImg"), "Reset Point: Index = 1, X = 512, Y = 64");
-    ScrollTo(Main, "MapXScroll", 17);
-    EXPECT_FALSE(IsShown(Main, "ResetImg"));
 }
 
 TEST_F(MainFrmTest, PaletteSelectsTiles) {
-    OpenWithLevel(40);
-    ClickCell(Main, SelImg(5));
-    EXPECT_EQ(CurrentTile, 6);
-    EXPECT_EQ(CellOf(Main, "CurImg").Shown(), BlockImgList()[6]);
-    ClickCell(Main, SelImg(7), Qt::RightButton);
-    EXPECT_EQ(CurrentTile, 6);
-    ScrollTo(Main, "SelScroll", 43);
-    EXPECT_EQ(CellOf(Main, SelImg(31)).Shown(), BlockImgList()[204]);
-    ClickCell(Main, SelImg(0));
-    EXPECT_EQ(CurrentTile, 173);
-    ScrollTo(Main, "SelScroll", 19);
-    MoveOverCell(Main, SelImg(0));
-    EXPECT_EQ(ToolTipOf(Main, SelImg(0)), "Tile # 77 (Breakable Block)");
-    ClickCell(Main, SelImg(0));
-    MoveOverCell(Main, "CurImg");
-    EXPECT_EQ(ToolTipOf(Main, "CurImg"), "Tile # 77 (Breakable Tile)");
-    ClickOn(Main, "BlankTileCmd");
-    EXPECT_EQ(CurrentTile, 0);
-    EXPECT_EQ(CellOf(Main, "CurImg").Shown(), BlockImgList()[204]);
-    ClickOn(Main, "LayerOption(3)");
-    EXPECT_FALSE(IsShown(Main, "TileFrame"));
+    OpenMain(40);
+    const struct {
+        int scroll;
+        const char* cell;
+        Qt::MouseButton button;
+        int tile, picture;
+    } cases[] = {{0, "SelImg(5)", Qt::LeftButton, 6, 6},       {0, "SelImg(7)", Qt::RightButton, 6, 6},
+                 {43, "SelImg(0)", Qt::LeftButton, 173, 173},  {43, "SelImg(31)", Qt::LeftButton, 204, 204},
+                 {19, "BlankTileCmd", Qt::LeftButton, 0, 204}, {19, "SelImg(0)", Qt::LeftButton, 77, 77}};
+    for (const auto& c : cases) {
+        ScrollTo(Main, "SelScroll", c.scroll);
+        ClickOn(Main, c.cell, c.button);
+        EXPECT_EQ(CurrentTile, c.tile);
+        EXPECT_EQ(CellOf(Main, "CurImg").Shown(), BlockImgList()[c.picture]);
+    }
+    EXPECT_EQ(MoveOverCell(Main, "SelImg(0)"), "Tile # 77 (Breakable Block)");
+    EXPECT_EQ(MoveOverCell(Main, "CurImg"), "Tile # 77 (Breakable Tile)");
+    // The right button picks a tile off the map.
+    LevelRecord.foreground_tm(4, 4) = 203;
+    const struct {
+        int layer, column, tile;
+        const char* scroll;
+    } picks[] = {{2, 4, 203, "43 of 43"}, {2, 5, 0, "0 of 43"}, {3, 4, 0, "hidden"}};
+    for (const auto& pick : picks) {
+        ClickOn(Main, Member("LayerOption", pick.layer));
+        RightClickOn(Main, Img(pick.column, 4));
+        EXPECT_EQ(CurrentTile, pick.tile);
+        EXPECT_EQ(StateOf(Main, "SelScroll"), pick.scroll);
+    }
 }
 
-class FavoritesTest : public MainFrmTest {
-protected:
-    void OpenList(char list) {
-        OpenWithLevel(40);
-        ClickOn(Main, "ModeOption(3)");
-        ClickOn(Main, list == 'A' ? "TilesOption(1)" : "TilesOption(2)");
+TEST_F(MainFrmTest, FavoritesMoveUpAndClose) {
+    OpenMain(40, 3);
+    ClickOn(Main, "TilesOption(1)");
+    EXPECT_EQ(StateOf(Main, "SelScroll"), "hidden");
+    for (const auto& [tile, cell] : {std::pair(10, 0), {20, 0}, {30, 0}, {40, 31}, {50, 5}}) {
+        CurrentTile = tile;
+        ClickOn(Main, Member("SelImg", cell));
     }
-
-    static void Choose(int tile) { CurrentTile = tile; }
-};
-
-TEST_F(FavoritesTest, InsertingMovesTheOthersUp) {
-    OpenList('A');
-    EXPECT_FALSE(IsShown(Main, "SelScroll"));
-    for (const int tile : {10, 20, 30}) {
-        Choose(tile);
-        ClickCell(Main, SelImg(0));
-    }
-    EXPECT_EQ(PrefsRecord.FavoritesA[0], 30);
-    EXPECT_EQ(PrefsRecord.FavoritesA[2], 10);
-    EXPECT_EQ(CellOf(Main, SelImg(1)).Shown(), BlockImgList()[20]);
-    EXPECT_EQ(CellOf(Main, SelImg(3)).Shown(), Picture());
-    Choose(40);
-    ClickCell(Main, SelImg(31));
-    EXPECT_EQ(PrefsRecord.FavoritesA[31], 40);
-    Choose(50);
-    ClickCell(Main, SelImg(5));
-    ASSERT_EQ(dialogs.messages.size(), 1U);
-    EXPECT_EQ(dialogs.messages[0], (ScriptedDialogs::Message{"Favorites A List Full", "Favorites A Error",
-                                                             MessageButtons::Ok, MessageIcon::Warning}));
-    EXPECT_EQ(CurrentTile, 50);
-    EXPECT_EQ(PrefsRecord.FavoritesA[5], 0);
+    const auto& a = PrefsRecord.FavoritesA;
+    EXPECT_EQ((std::vector<int>{a[0], a[1], a[2], a[5], a[31]}), (std::vector<int>{30, 20, 10, 0, 40}));
+    EXPECT_EQ(CellOf(Main, "SelImg(1)").Shown(), BlockImgList()[20]);
+    EXPECT_EQ(CellOf(Main, "SelImg(3)").Shown(), Picture());
+    EXPECT_EQ(dialogs.messages, (std::vector<Message>{{"Favorites A List Full", "Favorites A Error", MessageButtons::Ok,
+                                                       MessageIcon::Warning}}));
     // In tile mode a cell selects, an empty one the blank tile.
     ClickOn(Main, "ModeOption(0)");
-    ClickCell(Main, SelImg(1));
-    EXPECT_EQ(CurrentTile, 20);
-    ClickCell(Main, SelImg(7));
-    EXPECT_EQ(CurrentTile, 0);
-}
-
-TEST_F(FavoritesTest, ListsDifferInTheTileAfterARemoval) {
-    for (const char list : {'A', 'B'}) {
-        ResetState();
-        auto& favorites = list == 'A' ? PrefsRecord.FavoritesA : PrefsRecord.FavoritesB;
-        for (int i = 0; i < 32; ++i) {
-            favorites[static_cast<std::size_t>(i)] = 100 + i;
+    for (const auto& [cell, tile] : {std::pair("SelImg(1)", 20), {"SelImg(7)", 0}}) {
+        ClickOn(Main, cell);
+        EXPECT_EQ(CurrentTile, tile);
+    }
+    // The lists differ in the tile after a removal.
+    ClickOn(Main, "ModeOption(3)");
+    for (const bool isA : {true, false}) {
+        auto& favorites = isA ? PrefsRecord.FavoritesA : PrefsRecord.FavoritesB;
+        for (std::size_t i = 0; i < 32; ++i) {
+            favorites[i] = 100 + static_cast<int>(i);
         }
-        OpenList(list);
-        Choose(105);
-        ClickCell(Main, SelImg(20));
+        ClickOn(Main, isA ? "TilesOption(1)" : "TilesOption(2)");
+        CurrentTile = 105;
+        ClickOn(Main, "SelImg(20)");
         EXPECT_EQ(favorites[5], 106);
         EXPECT_EQ(favorites[31], 0);
-        EXPECT_EQ(CurrentTile, list == 'A' ? 106 : 121) << list;
-        Choose(131);
-        ClickCell(Main, SelImg(30));
-        EXPECT_EQ(CurrentTile, 0) << list;
-        CloseScreen(Main);
-        DeliverEvents();
+        EXPECT_EQ(CurrentTile, isA ? 106 : 121);
+        CurrentTile = 131;
+        ClickOn(Main, "SelImg(30)");
+        EXPECT_EQ(CurrentTile, 0);
     }
 }
 
 TEST_F(MainFrmTest, PressPaintsAndClickCompletes) {
-    OpenWithLevel(40);
+    OpenMain(40);
     ClickOn(Main, "AutoCheck");
     CurrentTile = 85;
-    PressCell(Main, Img(2, 3));
-    EXPECT_EQ(LevelRecord.background_tm(2, 3), 85);
-    EXPECT_EQ(LevelRecord.background_tm(3, 3), 0);
-    ReleaseCell(Main, Img(2, 3));
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_EQ(LevelRecord.background_tm(2 + i % 4, 3 + i / 4), 85 + i);
-        ShowsTile(2 + i % 4, 3 + i / 4, 85 + i);
-    }
-    EXPECT_EQ(LevelRecord.interactive_tm, TileMap(40, 15));
     // A press that is not released on its cell paints without completing.
     PressCell(Main, Img(10, 3));
     ReleaseCell(Main, Img(11, 3));
     EXPECT_EQ(LevelRecord.background_tm(10, 3), 85);
     EXPECT_EQ(LevelRecord.background_tm(11, 3), 0);
+    ClickOn(Main, Img(2, 3));
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(TileAt(Main, 2 + i % 4, 3 + i / 4), 85 + i);
+    }
+    EXPECT_EQ(LevelRecord.interactive_tm, TileMap(40, 15));
     ClickOn(Main, "LayerOption(3)");
-    ClickCell(Main, Img(0, 0));
+    ClickOn(Main, Img(0, 0));
     EXPECT_EQ(LevelRecord.background_tm(0, 0), 0);
-}
-
-TEST_F(MainFrmTest, RightButtonPicksATile) {
-    OpenWithLevel(40);
-    LevelRecord.foreground_tm(4, 4) = 203;
-    ClickOn(Main, "LayerOption(2)");
-    ClickCell(Main, Img(4, 4), Qt::RightButton);
-    EXPECT_EQ(CurrentTile, 203);
-    EXPECT_EQ(ScrollValueOf(Main, "SelScroll"), 43);
-    ClickCell(Main, Img(5, 4), Qt::RightButton);
-    EXPECT_EQ(CurrentTile, 0);
-    EXPECT_EQ(ScrollValueOf(Main, "SelScroll"), 0);
-    CurrentTile = 9;
-    ClickOn(Main, "LayerOption(3)");
-    ClickCell(Main, Img(4, 4), Qt::RightButton);
-    EXPECT_EQ(CurrentTile, 9);
 }
 
 /// Each shape with the guards that let it in and keep it out, on all layers.
 TEST_F(MainFrmTest, ShapesKeepTheirGuards) {
     const struct {
         int starter;
-        int columns;  // x + columns may reach the width
-        int lowest;   // lowest row that takes the shape; 14 for shapes without a bound
-        int tiles;    // written beside the starter
-    } shapes[] = {{50, 2, 13, 3},  {53, 2, 14, 1},  {55, 2, 14, 1},  {57, 2, 14, 1},  {59, 2, 14, 1},  {85, 4, 13, 7},
-                  {106, 3, 13, 5}, {115, 2, 12, 3}, {122, 2, 14, 1}, {124, 2, 14, 1}, {134, 2, 14, 1}, {136, 2, 12, 3}};
-    OpenWithLevel(21);
+        int columns;        // x + columns may reach the width
+        int lowest;         // lowest row that takes the shape; 14 for shapes without a bound
+        const char* tiles;  // written, column by column
+    } shapes[] = {{50, 2, 13, "50 51 49 52 "},
+                  {53, 2, 14, "53 54 "},
+                  {55, 2, 14, "55 56 "},
+                  {57, 2, 14, "57 58 "},
+                  {59, 2, 14, "59 60 "},
+                  {85, 4, 13, "85 89 86 90 87 91 88 92 "},
+                  {106, 3, 13, "106 109 107 110 108 111 "},
+                  {115, 2, 12, "115 117 116 118 "},
+                  {122, 2, 14, "122 123 "},
+                  {124, 2, 14, "124 125 "},
+                  {134, 2, 14, "134 135 "},
+                  {136, 2, 12, "136 138 137 139 "}};
+    OpenMain(21);
     ClickOn(Main, "AutoCheck");
     ScrollTo(Main, "MapXScroll", 3);
     const auto written = [](int layer, int starter, int x, int y) {
         MakeLevel(21);
-        ClickOn(Main, "LayerOption(" + std::to_string(layer) + ")");
+        ClickOn(Main, Member("LayerOption", layer));
         CurrentTile = starter;
-        ClickCell(Main, Img(x - 3, y));
+        ClickOn(Main, Img(x - 3, y));
         const TileMap* maps[] = {&LevelRecord.background_tm, &LevelRecord.interactive_tm, &LevelRecord.foreground_tm};
-        int count = -1;  // the starter itself
-        for (int column = 0; column <= 21; ++column) {
-            for (int row = 0; row <= 15; ++row) {
-                count += (*maps[layer])(column, row) != 0 ? 1 : 0;
-            }
+        std::string tiles;
+        for (int cell = 0; cell < 22 * 16; ++cell) {
+            const int tile = (*maps[layer])(cell / 16, cell % 16);
+            tiles += tile == 0 ? "" : std::to_string(tile) + " ";
         }
-        return count;
+        return tiles;
     };
     for (const auto& shape : shapes) {
         const bool downward = shape.starter == 53 || shape.starter == 55;
+        const std::string alone = std::to_string(shape.starter) + " ";
         for (int layer = 0; layer < 3; ++layer) {
-            SCOPED_TRACE("starter " + std::to_string(shape.starter) + " on layer " + std::to_string(layer));
+            SCOPED_TRACE(alone + "on layer " + std::to_string(layer));
             EXPECT_EQ(written(layer, shape.starter, 21 - shape.columns, 0), shape.tiles);
-            EXPECT_EQ(written(layer, shape.starter, 22 - shape.columns, 0), downward && layer == 2 ? 1 : 0);
+            EXPECT_EQ(written(layer, shape.starter, 22 - shape.columns, 0),
+                      downward && layer == 2 ? shape.tiles : alone);
             EXPECT_EQ(written(layer, shape.starter, 5, shape.lowest), shape.tiles);
             if (shape.lowest < 14) {
-                EXPECT_EQ(written(layer, shape.starter, 5, shape.lowest + 1), 0);
+                EXPECT_EQ(written(layer, shape.starter, 5, shape.lowest + 1), alone);
             }
         }
     }
-    EXPECT_EQ(written(0, 50, 5, 5), 3);
-    EXPECT_EQ(LevelRecord.background_tm(6, 5), 49);
-    EXPECT_EQ(LevelRecord.background_tm(6, 6), 52);
-    EXPECT_EQ(written(0, 136, 5, 5), 3);
-    EXPECT_EQ(LevelRecord.background_tm(6, 6), 139);
 }
 
 TEST_F(MainFrmTest, FilesOpenAndSave) {
-    OpenWithLevel(30);
-    WriteLevelFile((folder / "a.fbl").string());
-    dialogs.files = {(folder / "a.fbl").string(), (folder / "b.fbl").string()};
+    OpenMain(30);
+    const std::string a = PathOf("a.fbl");
+    const std::string b = PathOf("b.fbl");
+    WriteLevelFile(a);
+    dialogs.files = {a, b};
     ScrollTo(Main, "MapXScroll", 5);
     ClickOn(Main, "FileNameBox");
     ASSERT_EQ(dialogs.fileDialogs.size(), 1U);
     EXPECT_EQ(dialogs.fileDialogs[0].filter, "*.fbl|*.fbl");
     EXPECT_EQ(dialogs.fileDialogs[0].folder, UserLevelsFolder);
     EXPECT_EQ(dialogs.fileDialogs[0].proposedName, "level.fbl");
-    EXPECT_EQ(ScrollValueOf(Main, "MapXScroll"), 0);
-    EXPECT_EQ(CaptionOf(Main, "FileNameBox"), (folder / "a.fbl").string() + "   [Level Width = 30]");
+    EXPECT_EQ(StatesOf(Main, {"MapXScroll", "FileNameBox"}), (Texts{"0 of 12", a + "   [Level Width = 30]"}));
     CurrentTile = 12;
-    ClickCell(Main, Img(0, 0));
+    ClickOn(Main, Img(0, 0));
     ClickOn(Main, "TB(8)");
-    EXPECT_EQ(LevelPath, (folder / "b.fbl").string());
-    EXPECT_EQ(CaptionOf(Main, "FileNameBox"), (folder / "a.fbl").string() + "   [Level Width = 30]");
-    EXPECT_NE(FileText(folder / "a.fbl"), FileText(folder / "b.fbl"));
     ClickOn(Main, "TB(2)");  // cancelled
-    EXPECT_EQ(LevelPath, (folder / "b.fbl").string());
-    LevelPath = (folder / "a.fbl").string();
+    EXPECT_EQ(LevelPath, b);
+    EXPECT_EQ(StateOf(Main, "FileNameBox"), a + "   [Level Width = 30]");
+    EXPECT_NE(FileText(a), FileText(b));
+    LevelPath = a;
     ClickOn(Main, "TB(7)");
-    EXPECT_EQ(FileText(folder / "a.fbl"), FileText(folder / "b.fbl"));
+    EXPECT_EQ(FileText(a), FileText(b));
+    // A level that names a width but never got its maps cannot be composed: no fault here, as there is in saving.
+    LevelRecord.background_tm = {};
+    dialogs.files = {PathOf("new.fbl")};
+    ClickOn(Main, "TB(8)");
+    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+    EXPECT_FALSE(std::filesystem::exists(folder / "new.fbl"));
     EXPECT_EQ(WindowOf(Main).windowTitle().toStdString(), TitleText);
     EXPECT_EQ(WindowOf(Main).cursor().shape(), Qt::ArrowCursor);
 }
 
-/// A level that names a width but never got its maps: composing its text faults.
-TEST_F(MainFrmTest, SavingWithoutMapsIsFatalButNotFromSaveAs) {
-    Open();
-    LevelRecord.width = 20;
-    dialogs.files = {(folder / "new.fbl").string()};
-    ClickOn(Main, "TB(8)");
-    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
-    EXPECT_EQ(WindowOf(Main).cursor().shape(), Qt::ArrowCursor);
-    ClickOn(Main, "TB(7)");
-    EXPECT_EQ(dialogs.fatalFault, FaultNumber::SubscriptOutOfRange);
-    EXPECT_TRUE(std::filesystem::is_empty(folder));
+TEST_F(MainFrmTest, PickingTheStartIsOfferedTakenBackAndDone) {
+    OpenMain(120);
+    CurrentTile = 5;
+    const auto check = [](const char* caption, Qt::CursorShape pointer) {
+        EXPECT_EQ(StateOf(Main, "SetNukCmd"), caption);
+        EXPECT_EQ(WindowOf(Main).cursor().shape(), pointer);
+    };
+    EXPECT_EQ(StateOf(Main, "SetNukCmd"), "Set Nuk Start Pos.");
+    ClickOn(Main, "SetNukCmd");
+    check("Select Desired Nuk Position", Qt::BitmapCursor);
+    ClickOn(Main, "SetNukCmd");
+    check("Set Starting Position", Qt::ArrowCursor);
+    ClickOn(Main, "SetNukCmd");
+    ScrollTo(Main, "MapXScroll", 10);
+    ClickOn(Main, Img(3, 14));
+    check("Set Starting Position", Qt::ArrowCursor);
+    ClickOn(Main, Img(5, 5));  // the click before was no stroke of the brush, this one is
+    EXPECT_EQ(LevelRecord.background_tm(13, 14), 0);
+    EXPECT_EQ(LevelRecord.background_tm(15, 5), 5);
+    EXPECT_EQ(LevelRecord.start_pos_x, 13 * 32);
+    EXPECT_EQ(LevelRecord.start_pos_y, 448);
+    EXPECT_EQ(PlaceOf(Main, "NukImage"), QPointF(3 * 32, 80 + 448));
+    ScrollTo(Main, "MapXScroll", 13);
+    EXPECT_EQ(StateOf(Main, "NukImage"), "hidden") << "at the left edge of the view";
+    ClickOn(Main, "ModeOption(1)");
+    ClickOn(Main, "SetNukCmd");
+    ClickOn(Main, Img(3, 4));  // does both
+    EXPECT_EQ(LevelRecord.BadGuyCount, 1);
+    EXPECT_EQ(LevelRecord.start_pos_x, 16 * 32);
 }
 
-TEST_F(MainFrmTest, TooNarrowALevelIsFatal) {
-    Open();
-    MakeLevel(21);
-    LevelRecord.background_tm = TileMap(10, 15);
-    ClickOn(Main, "GridCheck");
-    EXPECT_EQ(dialogs.fatalFault, FaultNumber::SubscriptOutOfRange);
+TEST_F(MainFrmTest, ResetPointsKeepTheirDistance) {
+    OpenMain(120);
+    CurrentTile = 131;
+    const struct {
+        int existing, clicked;
+        bool accepted;
+    } cases[] = {{12, 3, false}, {12, 2, true}, {5, 14, false}, {5, 15, true}, {0, 5, false}, {0, 10, true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.clicked);
+        dialogs = {};
+        LevelRecord.ResetPointCount = 1;
+        LevelRecord.reset_points.Resize(1);
+        LevelRecord.reset_points[1] = {c.existing * 32, 0};
+        ClickOn(Main, Img(c.clicked, 7));
+        EXPECT_EQ(LevelRecord.ResetPointCount, c.accepted ? 2 : 1);
+        const Message refusal{"Another reset point is within 10 tiles", "Reset Point Setting Error", MessageButtons::Ok,
+                              MessageIcon::Warning};
+        EXPECT_EQ(dialogs.messages, std::vector<Message>(c.accepted ? 0 : 1, refusal));
+    }
+    for (const int mode : {1, 2, 3}) {
+        LevelRecord.ResetPointCount = 0;
+        ClickOn(Main, Member("ModeOption", mode));
+        ClickOn(Main, Img(4, 4));
+        EXPECT_EQ(LevelRecord.ResetPointCount, 0);
+    }
+}
+
+TEST_F(MainFrmTest, MarkersGoAboveResetPointsIntoTheFirstFreeLayer) {
+    OpenMain(120);
+    ClickOn(Main, "LayerOption(3)");
+    CurrentTile = 131;
+    const struct {
+        int row, interactive, foreground, interactiveAfter, foregroundAfter;
+    } cases[] = {{5, 0, 0, 81, 0}, {5, 7, 0, 7, 81}, {5, 7, 8, 7, 8}, {1, 0, 8, 81, 8}, {0, 0, 0, 0, 0}};
+    for (const auto& c : cases) {
+        MakeLevel(120);
+        const int above = std::max(c.row - 1, 0);
+        LevelRecord.interactive_tm(4, above) = c.interactive;
+        LevelRecord.foreground_tm(4, above) = c.foreground;
+        LevelRecord.ResetPointCount = 0;
+        ClickOn(Main, Img(4, c.row));
+        ASSERT_EQ(LevelRecord.ResetPointCount, 1);
+        EXPECT_EQ(LevelRecord.reset_points[1], (ResetPoint{4 * 32, c.row * 32}));
+        EXPECT_EQ(LevelRecord.interactive_tm(4, above), c.interactiveAfter);
+        EXPECT_EQ(LevelRecord.foreground_tm(4, above), c.foregroundAfter);
+        EXPECT_EQ(LevelRecord.background_tm, TileMap(120, 15));
+    }
+}
+
+TEST_F(MainFrmTest, OneSpriteShowsTheFirstResetPointInView) {
+    OpenMain(120);
+    LevelRecord.ResetPointCount = 3;
+    LevelRecord.reset_points.Resize(3);
+    LevelRecord.reset_points[1] = {50 * 32, 0};
+    LevelRecord.reset_points[2] = {13 * 32 + 31, 3 * 32};
+    LevelRecord.reset_points[3] = {2 * 32, 64};
+    EXPECT_EQ(StateOf(Main, "ResetImg"), "hidden");
+    ClickOn(Main, "ResetCheck");
+    EXPECT_EQ(PlaceOf(Main, "ResetImg"), PlaceOf(Main, Img(13, 3)));
+    EXPECT_EQ(MoveOverCell(Main, "ResetImg"), "Reset Point: Index = 2, X = 447, Y = 96");
+    for (const auto& [scroll, state] : {std::pair(13, "shown"), {14, "hidden"}, {32, "hidden"}, {33, "shown"}}) {
+        ScrollTo(Main, "MapXScroll", scroll);
+        EXPECT_EQ(StateOf(Main, "ResetImg"), state) << scroll;
+    }
+    ClickOn(Main, "ResetCheck");
+    EXPECT_EQ(StateOf(Main, "ResetImg"), "hidden");
 }
 
 /// Whole runs of the program, from the preferences to the preferences.
-class RunTest : public MainFrmTest {
+class RunTest : public ScreenTest {
 protected:
-    RunTest() { std::filesystem::remove(preferences); }
-    ~RunTest() override { std::filesystem::remove(preferences); }
-
-    static void Start() { ::Main(); }
-
-    static void Close() {
-        CloseScreen(Main);
-        DeliverEvents();
+    void SetUp() override {
+        ScreenTest::SetUp();
+        std::filesystem::remove(preferences);
+    }
+    void TearDown() override {
+        ScreenTest::TearDown();
+        std::filesystem::remove(preferences);
     }
 
-    std::string preferences = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
+    const std::string preferences = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
 };
 
 TEST_F(RunTest, AllIsFoundAsItWasLeft) {
-    Start();
-    EXPECT_EQ(std::filesystem::file_size(preferences), 0U);
+    RunProgram();
     MakeLevel(60);
-    const std::string path = (folder / "level1.fbl").string();
-    WriteLevelFile(path);
-    dialogs.files = {path};
+    WriteLevelFile(PathOf("level1.fbl"));
+    dialogs.files = {PathOf("level1.fbl")};
     ClickOn(Main, "TB(2)");
-    ClickOn(Main, "LayerOption(2)");
-    ClickOn(Main, "ModeOption(2)");
+    const Texts chosen{"LayerOption(2)", "ModeOption(2)", "GridCheck", "AutoCheck"};
     ClickOn(Main, "TilesOption(1)");
-    ClickOn(Main, "GridCheck");
-    ClickOn(Main, "AutoCheck");
+    for (const std::string& name : chosen) {
+        ClickOn(Main, name);
+    }
     ScrollTo(Main, "MapXScroll", 42);
     CurrentTile = 99;
     PrefsRecord.FavoritesA[3] = 44;
@@ -427,46 +381,39 @@ TEST_F(RunTest, AllIsFoundAsItWasLeft) {
     EXPECT_FALSE(IsOpen(Main));
     LevelRecord = {};
     PrefsRecord = {};
-    Start();
-    EXPECT_EQ(LevelPath, path);
-    EXPECT_EQ(LevelRecord.width, 60);
-    for (const char* ticked : {"LayerOption(2)", "ModeOption(2)", "TilesOption(1)", "GridCheck", "AutoCheck"}) {
-        EXPECT_TRUE(IsTicked(Main, ticked)) << ticked;
-    }
-    EXPECT_FALSE(IsTicked(Main, "ResetCheck"));
+    RunProgram();
+    EXPECT_EQ(LevelPath, PathOf("level1.fbl"));
+    EXPECT_EQ(StatesOf(Main, chosen), Texts(4, "on"));
+    EXPECT_EQ(CurrentTileSet, 1);
+    EXPECT_EQ(StatesOf(Main, {"ResetCheck", "MapXScroll"}), (Texts{"off", "42 of 42"}));
     EXPECT_EQ(CurrentTile, 99);
-    EXPECT_EQ(ScrollValueOf(Main, "MapXScroll"), 42);
     EXPECT_EQ(PrefsRecord.FavoritesA[3], 44);
     EXPECT_EQ(dialogs.messages.size(), 0U);
 }
 
 TEST_F(RunTest, AFailedLoadAsksForAnotherLevel) {
-    PrefsRecord.LevelPath = (folder / "gone.fbl").string();
+    PrefsRecord.LevelPath = PathOf("gone.fbl");
     PrefsRecord.SavedScroll = 7;
     PrefsRecord.SavedTileSet = 9;
     SavePreferences();
     dialogs.answers = {AnswerOk, AnswerNo};
-    Start();
+    RunProgram();
     ASSERT_EQ(dialogs.messages.size(), 2U);
     EXPECT_EQ(dialogs.messages[0].title, "NUK File Read Error");
-    EXPECT_EQ(dialogs.messages[1],
-              (ScriptedDialogs::Message{"Do you wish to select anothe level now?", "Level Load Error",
-                                        MessageButtons::YesNoCancel, MessageIcon::Question}));
+    EXPECT_EQ(dialogs.messages[1], (Message{"Do you wish to select anothe level now?", "Level Load Error",
+                                            MessageButtons::YesNoCancel, MessageIcon::Question}));
     EXPECT_EQ(CurrentTileSet, 9);
-    EXPECT_TRUE(IsTicked(Main, "TilesOption(0)"));
-    Close();
+    EXPECT_EQ(StateOf(Main, "TilesOption(0)"), "on");
+    CloseScreen(Main);
     dialogs.answers = {AnswerOk, AnswerCancel};
     PrefsRecord.SavedScroll = 0;
     dialogs.endThrows = true;
-    EXPECT_THROW(Start(), ProcessEnded);
+    EXPECT_THROW(RunProgram(), ProcessEnded);
     LoadPreferences();
-    EXPECT_EQ(LevelPath, (folder / "gone.fbl").string());
-}
-
-TEST_F(RunTest, ASavedOptionThatDoesNotExistIsFatal) {
-    PrefsRecord.SavedLayer = -1;
+    EXPECT_EQ(LevelPath, PathOf("gone.fbl"));
+    PrefsRecord.SavedLayer = -1;  // an option that does not exist
     SavePreferences();
-    EXPECT_THROW(Start(), Fault);
+    EXPECT_EQ(FaultOf(RunProgram), FaultNumber::SubscriptOutOfRange);
 }
 
 }  // namespace

@@ -1,15 +1,7 @@
 #include "level/NewLevel.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-
-#include "core/SharedState.h"
 #include "level/LevelEnding.h"
-#include "tests/Golden.h"
-#include "tests/ModelDoubles.h"
-#include "tests/ScriptedDialogs.h"
+#include "tests/ModelTest.h"
 
 namespace fs = std::filesystem;
 
@@ -34,74 +26,12 @@ TileMap MapOf(int width, const std::vector<Piece>& pieces) {
     return map;
 }
 
-void MakeEmptyLayers(int width) {
-    LevelRecord.width = width;
-    LevelRecord.background_tm = LevelRecord.foreground_tm = LevelRecord.interactive_tm = TileMap(width, 15);
-}
-
-struct EndingCase {
-    int width, igloo, floor;
-    std::vector<Piece> background, foreground, interactive;
-};
-
-const EndingCase EndingCases[] = {
-    {120, 0, 26, {}, {}, {{116, 116, 0, 13, 132}, {100, 100, 0, 13, 133}, {98, 119, 14, 14, 26}}},
-    {120,
-     1,
-     37,
-     {{110, 110, 8, 8, 126}},
-     {{113, 113, 8, 8, 127}},
-     {{116, 116, 0, 12, 132}, {100, 100, 0, 12, 133}, {98, 119, 13, 13, 34}, {98, 119, 14, 14, 37}}},
-    {22,
-     1,
-     204,
-     {{12, 12, 8, 8, 126}},
-     {{15, 15, 8, 8, 127}},
-     {{18, 18, 0, 13, 132}, {2, 2, 0, 13, 133}, {0, 21, 14, 14, 204}}},
-};
-
-TEST(LevelEnding, PaintsThePatternAtTheRightEdge) {
-    for (const EndingCase& c : EndingCases) {
-        SCOPED_TRACE(c.width * 1000 + c.floor);
-        MakeEmptyLayers(c.width);
-        PrefsRecord.IglooState = c.igloo;
-        PrefsRecord.FloorTile = c.floor;
-        AddLevelEnding();
-        EXPECT_EQ(LevelRecord.background_tm, MapOf(c.width, c.background));
-        EXPECT_EQ(LevelRecord.foreground_tm, MapOf(c.width, c.foreground));
-        EXPECT_EQ(LevelRecord.interactive_tm, MapOf(c.width, c.interactive));
-    }
-}
-
-TEST(LevelEnding, NeedsTwentyTwoColumnsForTheFloor) {
-    MakeEmptyLayers(21);
-    PrefsRecord.FloorTile = 26;
-    try {
-        AddLevelEnding();
-        FAIL() << "no fault";
-    } catch (const Fault& fault) {
-        EXPECT_EQ(fault.Number(), FaultNumber::SubscriptOutOfRange);
-    }
-    EXPECT_EQ(LevelRecord.interactive_tm, MapOf(21, {{17, 17, 0, 13, 132}, {1, 1, 0, 13, 133}}));
-}
-
-class NewLevelTest : public testing::Test {
+class NewLevelTest : public ModelTest {
 protected:
     void SetUp() override {
-        const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        sets = fs::temp_directory_path() / (std::string("fb_editor_NewLevel_") + info->name());
-        fs::remove_all(sets);
-        fs::create_directories(sets);
-        UserLevelsFolder = sets.string();
-        LevelRecord = {};
-        PrefsRecord = {};
-        CurrentInfo = {};
-        LevelLoaded = False;
+        ModelTest::SetUp();
         LogonName = "ANNA            ";
-        dialogs = {};
-        doubles = {};
     }
-    void TearDown() override { fs::remove_all(sets); }
 
     /// The answer of NewInfoFrm, as the first event of its wait.
     static void AnswerInfo(Int16 created) {
@@ -111,16 +41,47 @@ protected:
             ModalDone = True;
         };
     }
-
-    [[nodiscard]] std::string Set(const std::string& name) const { return (sets / name).string(); }
-    static void Touch(const fs::path& path) { std::ofstream(path) << "x"; }
-
-    fs::path sets;
 };
 
+TEST_F(NewLevelTest, EndingIsPaintedAtTheRightEdge) {
+    using Pieces = std::vector<Piece>;
+    const struct {
+        int width, igloo, floor;
+        Pieces background, foreground, interactive;
+        std::optional<FaultNumber> fault;
+    } cases[] = {
+        {120, 0, 26, {}, {}, {{116, 116, 0, 13, 132}, {100, 100, 0, 13, 133}, {98, 119, 14, 14, 26}}, {}},
+        {120,
+         1,
+         37,
+         {{110, 110, 8, 8, 126}},
+         {{113, 113, 8, 8, 127}},
+         {{116, 116, 0, 12, 132}, {100, 100, 0, 12, 133}, {98, 119, 13, 13, 34}, {98, 119, 14, 14, 37}},
+         {}},
+        {22,
+         1,
+         204,
+         {{12, 12, 8, 8, 126}},
+         {{15, 15, 8, 8, 127}},
+         {{18, 18, 0, 13, 132}, {2, 2, 0, 13, 133}, {0, 21, 14, 14, 204}},
+         {}},
+        {21, 0, 26, {}, {}, {{17, 17, 0, 13, 132}, {1, 1, 0, 13, 133}}, FaultNumber::SubscriptOutOfRange},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.width * 1000 + c.floor);
+        LevelRecord.width = c.width;
+        LevelRecord.background_tm = LevelRecord.foreground_tm = LevelRecord.interactive_tm = TileMap(c.width, 15);
+        PrefsRecord.IglooState = c.igloo;
+        PrefsRecord.FloorTile = c.floor;
+        EXPECT_EQ(FaultOf(AddLevelEnding), c.fault);
+        EXPECT_EQ(LevelRecord.background_tm, MapOf(c.width, c.background));
+        EXPECT_EQ(LevelRecord.foreground_tm, MapOf(c.width, c.foreground));
+        EXPECT_EQ(LevelRecord.interactive_tm, MapOf(c.width, c.interactive));
+    }
+}
+
 TEST_F(NewLevelTest, SetsItsOwnFieldsAndKeepsTheOthers) {
-    LevelRecord.start_pos_x = 77;
-    LevelRecord.start_pos_y = 78;
+    LevelRecord.start_pos_x = LevelRecord.start_pos_y = 77;
     LevelRecord.bkgd_red_top = LevelRecord.bkgd_green_top = LevelRecord.bkgd_blue_top = 9;
     LevelRecord.hor_autoscroll_speed = 0.5;
     LevelRecord.theme = "antarctica";
@@ -133,9 +94,10 @@ TEST_F(NewLevelTest, SetsItsOwnFieldsAndKeepsTheOthers) {
     LevelRecord.ResetPointCount = 2;
     BadGuyTypeTable[4].CountInUse = 3;
     LevelRecord.LevelComment = LevelRecord.particle_system = LevelRecord.author = "old";
-    MakeEmptyLayers(30);
+    LevelRecord.width = 30;
+    LevelRecord.background_tm = LevelRecord.foreground_tm = LevelRecord.interactive_tm = TileMap(30, 15);
 
-    ASSERT_TRUE(CreateNewLevel(sets.string()));
+    ASSERT_TRUE(CreateNewLevel(folder.string()));
 
     expected.LevelComment = ";Floebird-Level";
     expected.version = "1";
@@ -154,184 +116,114 @@ TEST_F(NewLevelTest, SetsItsOwnFieldsAndKeepsTheOthers) {
     EXPECT_TRUE(LevelRecord == expected);
     EXPECT_EQ(BadGuyTypeTable[4].CountInUse, 0);
     EXPECT_EQ(LevelLoaded, True);
-    EXPECT_EQ(doubles.calls, (std::vector<std::string>{"ClearBadGuySlots", "ShowFileName " + Set("level1.fbl")}));
-    EXPECT_TRUE(fs::is_empty(sets));
+    EXPECT_EQ(doubles.calls, (Texts{"ClearBadGuySlots", "ShowFileName " + PathOf("level1.fbl")}));
+    EXPECT_TRUE(fs::is_empty(folder));
+
+    PrefsRecord.DefaultAuthor = " Ben B. ";
+    PrefsRecord.AddEndState = 1;
+    PrefsRecord.FloorTile = 30;
+    CreateNewLevel(folder.string());
+    EXPECT_EQ(LevelRecord.author, "Ben B.");
+    EXPECT_EQ(LevelRecord.interactive_tm(98, 14), 30);
 }
 
 TEST_F(NewLevelTest, TakesTheFirstFreeName) {
-    Touch(sets / "level1.fbl");
-    Touch(sets / "level3.fbl");
-    for (int time = 0; time < 2; ++time) {  // the first one is not saved, so the second finds the same name
-        ASSERT_TRUE(CreateNewLevel(sets.string()));
-        EXPECT_EQ(LevelPath, Set("level2.fbl"));
+    Store("level1.fbl", "x");
+    Store("level3.fbl", "x");
+    for (const char* separator : {"", "", "/"}) {  // the first one is not saved, so the second finds the same name
+        ASSERT_TRUE(CreateNewLevel(folder.string() + separator));
+        EXPECT_EQ(LevelPath, PathOf("level2.fbl"));
     }
-    ASSERT_TRUE(CreateNewLevel(sets.string() + "/"));
-    EXPECT_EQ(LevelPath, Set("level2.fbl"));
     ASSERT_TRUE(CreateNewLevel(""));
     EXPECT_EQ(LevelPath, "/level1.fbl");
 }
 
 TEST_F(NewLevelTest, AFullFolderLeavesTheLevelButForItsLists) {
     for (int n = 1; n <= 99; ++n) {
-        Touch(sets / ("level" + std::to_string(n) + ".fbl"));
+        Store("level" + std::to_string(n) + ".fbl", "x");
     }
-    LevelPath = Set("level5.fbl");
+    LevelPath = PathOf("level5.fbl");
     LevelRecord.name = "Old";
     LevelRecord.BadGuyCount = LevelRecord.ResetPointCount = 1;
     NewLevelCommand();
-    EXPECT_EQ(LevelRecord.BadGuyCount, 0);
-    EXPECT_EQ(LevelRecord.ResetPointCount, 0);
+    EXPECT_EQ(LevelRecord.BadGuyCount + LevelRecord.ResetPointCount, 0);
     EXPECT_EQ(LevelRecord.name, "Old");
-    EXPECT_EQ(LevelPath, Set("level5.fbl"));
+    EXPECT_EQ(LevelPath, PathOf("level5.fbl"));
     EXPECT_EQ(LevelLoaded, False);
-    EXPECT_EQ(doubles.calls, (std::vector<std::string>{"ClearBadGuySlots"}));
-    EXPECT_EQ(dialogs.messages, (std::vector<ScriptedDialogs::Message>{{"User Terminated or\r\nDisk Error Occured!",
-                                                                        "Floebird Level Creation Error",
-                                                                        MessageButtons::Ok, MessageIcon::Stop}}));
-    fs::remove(sets / "level99.fbl");
-    EXPECT_TRUE(CreateNewLevel(sets.string()));
-    EXPECT_EQ(LevelPath, Set("level99.fbl"));
-}
-
-TEST_F(NewLevelTest, TakesTheAuthorFromThePreferencesOrTheUser) {
-    PrefsRecord.DefaultAuthor = " Ben B. ";
-    CreateNewLevel(sets.string());
-    EXPECT_EQ(LevelRecord.author, "Ben B.");
-    EXPECT_EQ(LogonName, "ANNA            ");
-    PrefsRecord.DefaultAuthor = "  ";
-    CreateNewLevel(sets.string());
-    EXPECT_EQ(LevelRecord.author, "ANNA");
-    EXPECT_EQ(LogonName, "ANNA");
-}
-
-TEST_F(NewLevelTest, PaintsTheEndingOnlyIfAsked) {
-    PrefsRecord.IglooState = 1;
-    PrefsRecord.FloorTile = 30;
-    CreateNewLevel(sets.string());
-    EXPECT_EQ(LevelRecord.background_tm, TileMap(120, 15));
-    EXPECT_EQ(LevelRecord.interactive_tm, TileMap(120, 15));
-    PrefsRecord.AddEndState = 1;
-    CreateNewLevel(sets.string());
-    EXPECT_EQ(LevelRecord.background_tm, MapOf(120, {{110, 110, 8, 8, 126}}));
-    EXPECT_EQ(LevelRecord.interactive_tm(98, 14), 30);
+    EXPECT_EQ(doubles.calls, (Texts{"ClearBadGuySlots"}));
+    EXPECT_EQ(dialogs.messages,
+              (std::vector<Message>{{"User Terminated or\r\nDisk Error Occured!", "Floebird Level Creation Error",
+                                     MessageButtons::Ok, MessageIcon::Stop}}));
+    fs::remove(folder / "level99.fbl");
+    EXPECT_TRUE(CreateNewLevel(folder.string()));
+    EXPECT_EQ(LevelPath, PathOf("level99.fbl"));
 }
 
 TEST_F(NewLevelTest, CommandAsksOnlyAboutALevelInMemory) {
-    LevelPath = Set("level7.fbl");
+    const Texts made{"ClearBadGuySlots", "ShowFileName " + PathOf("level1.fbl"), "UpdateDisplay", "OpenVarsFrm"};
+    LevelPath = PathOf("level7.fbl");
     NewLevelCommand();
     EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(LevelPath, Set("level1.fbl"));
-    EXPECT_EQ(doubles.calls, (std::vector<std::string>{"ClearBadGuySlots", "ShowFileName " + Set("level1.fbl"),
-                                                       "UpdateDisplay", "OpenVarsFrm"}));
-    for (const int refusal : {AnswerNo, AnswerCancel}) {
+    EXPECT_EQ(doubles.calls, made);
+    for (const int answer : {AnswerNo, AnswerCancel, AnswerYes}) {
         doubles = {};
         dialogs = {};
-        dialogs.answers = {refusal};
+        dialogs.answers = {answer};
         NewLevelCommand();
-        EXPECT_TRUE(doubles.calls.empty());
-        EXPECT_EQ(LastMsgResult, refusal);
+        EXPECT_EQ(doubles.calls, answer == AnswerYes ? made : Texts());
+        EXPECT_EQ(LastMsgResult, answer);
         EXPECT_EQ(dialogs.messages,
-                  (std::vector<ScriptedDialogs::Message>{
+                  (std::vector<Message>{
                       {"Create a new level from scratch?\r\nCreating will erase current level if not saved first!",
                        "Create New Level", MessageButtons::YesNoCancel, MessageIcon::Question}}));
     }
-    dialogs.answers = {AnswerYes};
-    LevelRecord.name = "Old";
-    NewLevelCommand();
-    EXPECT_EQ(LevelRecord.name, "Give Me A Name");
 }
 
-TEST_F(NewLevelTest, ALevelSetIsItsInfoFile) {
-    fs::create_directory(sets / "bare");
-    fs::create_directories(sets / "odd" / "info");
-    fs::create_directory(sets / "full");
-    Touch(sets / "full" / "info");
-    EXPECT_FALSE(LevelSetExists("none"));
-    EXPECT_FALSE(LevelSetExists("bare"));
+TEST_F(NewLevelTest, ASetIsMadeUnlessItIsRefused) {
+    fs::create_directory(folder / "taken");
+    fs::create_directories(folder / "odd" / "info");
     EXPECT_FALSE(LevelSetExists("odd"));
-    EXPECT_TRUE(LevelSetExists("full"));
-    EXPECT_TRUE(LevelSetExists("full/"));
-}
-
-TEST_F(NewLevelTest, CreatesASetWithItsInfoFileAndAFirstLevelInMemory) {
-    LevelLoaded = True;  // not asked about
-    dialogs.answers = {AnswerYes};
-    dialogs.inputs = {"my-set"};
-    AnswerInfo(True);
-    CreateLevelSet();
-    EXPECT_EQ(dialogs.messages, (std::vector<ScriptedDialogs::Message>{
-                                    {"Do you wish to start a new Floebird Level Set?", "Create New Level Set",
-                                     MessageButtons::YesNoCancel, MessageIcon::Question}}));
-    EXPECT_EQ(FileBytes(sets / "my-set" / "info"),
-              ";Generated by Quillhare's FB_Editor\n(floebird-level-subset\n  (title \"A title\")\n"
-              "  (description \"A description\")\n)\n");
-    EXPECT_EQ(LevelPath, Set("my-set/level1.fbl"));
-    EXPECT_FALSE(fs::exists(LevelPath));
-    EXPECT_EQ(doubles.calls, (std::vector<std::string>{"OpenNewInfoFrm", "ClearBadGuySlots",
-                                                       "ShowFileName " + LevelPath, "UpdateDisplay", "OpenVarsFrm"}));
-}
-
-TEST_F(NewLevelTest, EveryRefusalEndsTheSet) {
-    fs::create_directory(sets / "taken");
-    Touch(sets / "taken" / "info");
-    struct Refusal {
+    EXPECT_FALSE(LevelSetExists("none"));
+    Store("taken/info", "x");
+    EXPECT_TRUE(LevelSetExists("taken/"));
+    const Message question{"Do you wish to start a new Floebird Level Set?", "Create New Level Set",
+                           MessageButtons::YesNoCancel, MessageIcon::Question};
+    const Message taken{"The Name Specified already exists!", "Level Set Creation Error", MessageButtons::Ok,
+                        MessageIcon::Stop};
+    const std::string path = PathOf("new/level1.fbl");
+    const struct {
         int answer;
-        std::string name;
-        std::size_t messages;
-        std::vector<std::string> calls;
+        const char* name;
+        Int16 created;
+        std::vector<Message> messages;
+        Texts calls;
+    } cases[] = {
+        {AnswerNo, "new", True, {question}, {}},
+        {AnswerCancel, "new", True, {question}, {}},
+        {AnswerYes, "", True, {question}, {}},
+        {AnswerYes, "taken", True, {question, taken}, {}},
+        {AnswerYes, "new", False, {question}, {"OpenNewInfoFrm"}},
+        {AnswerYes,
+         "new",
+         True,
+         {question},
+         {"OpenNewInfoFrm", "ClearBadGuySlots", "ShowFileName " + path, "UpdateDisplay", "OpenVarsFrm"}},
     };
-    const Refusal refusals[] = {
-        {AnswerNo, "new", 1, {}},
-        {AnswerCancel, "new", 1, {}},
-        {AnswerYes, "", 1, {}},
-        {AnswerYes, "taken", 2, {}},
-        {AnswerYes, "new", 1, {"OpenNewInfoFrm"}},
-    };
-    for (const Refusal& refusal : refusals) {
+    for (const auto& c : cases) {
+        EXPECT_FALSE(fs::exists(folder / "new"));
         dialogs = {};
         doubles = {};
-        dialogs.answers = {refusal.answer};
-        dialogs.inputs = {refusal.name};
-        AnswerInfo(False);
+        LevelLoaded = True;  // not asked about
+        dialogs.answers = {c.answer};
+        dialogs.inputs = {c.name};
+        AnswerInfo(c.created);
         CreateLevelSet();
-        EXPECT_EQ(doubles.calls, refusal.calls) << refusal.name;
-        ASSERT_EQ(dialogs.messages.size(), refusal.messages) << refusal.name;
-        if (refusal.messages == 2) {
-            EXPECT_EQ(dialogs.messages[1],
-                      (ScriptedDialogs::Message{"The Name Specified already exists!", "Level Set Creation Error",
-                                                MessageButtons::Ok, MessageIcon::Stop}));
-        }
+        EXPECT_EQ(doubles.calls, c.calls);
+        EXPECT_EQ(dialogs.messages, c.messages);
     }
-    EXPECT_FALSE(fs::exists(sets / "new"));
-}
-
-TEST_F(NewLevelTest, AFolderThatCannotBeMadeIsAFault) {
-    fs::create_directory(sets / "bare");
-    struct Failure {
-        std::string parent;
-        std::string name;
-        FaultNumber fault;
-    };
-    const Failure failures[] = {
-        {sets.string(), "bare", FaultNumber::PathFileAccessError},
-        {sets.string(), std::string(300, 'n'), FaultNumber::PathFileAccessError},
-        {sets.string(), "a/b", FaultNumber::PathNotFound},
-        {(sets / "gone").string(), "new", FaultNumber::PathNotFound},
-    };
-    for (const Failure& failure : failures) {
-        UserLevelsFolder = failure.parent;
-        dialogs.answers = {AnswerYes};
-        dialogs.inputs = {failure.name};
-        AnswerInfo(True);
-        try {
-            CreateLevelSet();
-            ADD_FAILURE() << "no fault for " << failure.name;
-        } catch (const Fault& fault) {
-            EXPECT_EQ(fault.Number(), failure.fault) << failure.name;
-        }
-    }
-    EXPECT_TRUE(fs::is_empty(sets / "bare"));
-    EXPECT_EQ(LevelLoaded, False);
+    EXPECT_NE(FileText(folder / "new" / "info").find("(title \"A title\")"), std::string::npos);
+    EXPECT_EQ(LevelPath, path);
+    EXPECT_FALSE(fs::exists(path)) << "the first level is in memory only";
 }
 
 }  // namespace

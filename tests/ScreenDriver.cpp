@@ -2,20 +2,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
-#include <algorithm>
-#include <fstream>
-#include <sstream>
 
-#include "core/SharedState.h"
-#include "core/StartUp.h"
-#include "level/LevelReader.h"
-#include "level/LevelWriter.h"
 #include "platform/Application.h"
-#include "platform/ImageCell.h"
+#include "platform/Pictures.h"
+#include "world/WorldReader.h"
 
 namespace {
 
@@ -30,10 +24,13 @@ std::vector<Surface*> LoadedSurfaces() {
     return surfaces;
 }
 
-std::vector<Surface*> OpenSurfaces() {
-    std::vector<Surface*> surfaces = LoadedSurfaces();
-    std::erase_if(surfaces, [](const Surface* surface) { return !surface->isVisible(); });
-    return surfaces;
+Surface* Find(const std::string& screen) {
+    for (Surface* surface : LoadedSurfaces()) {
+        if (surface->isVisible() && surface->objectName().toStdString() == screen) {
+            return surface;
+        }
+    }
+    return nullptr;
 }
 
 QPoint PointIn(const std::string& screen, const std::string& cell, QPoint at) {
@@ -42,149 +39,176 @@ QPoint PointIn(const std::string& screen, const std::string& cell, QPoint at) {
 
 }  // namespace
 
-void ResetState() {
-    LevelRecord = {};
-    PrefsRecord = {};
-    WorldRecord = {};
-    CurrentInfo = {};
-    NewInfo = {};
-    for (Int16* number : {&InfoCreated, &ModalDone, &WorldLoaded, &NewWorldPending, &WorldChanged, &LastMsgResult,
-                          &CurrentLayer, &CurrentMode, &CurrentTileSet, &CurrentObject, &SelectedBadGuy,
-                          &WorldReadError, &WorldCurrentTile, &CurrentLink, &LinkTypeChoice}) {
-        *number = 0;
-    }
-    dialogs = {};
-    InitTextConstants();
-    InitConstants();
-    UseDosLineEnds();
-}
-
 void ScreenTest::SetUp() {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = "fb_editor_" + std::string(info->test_suite_name()) + "_" + info->name();
-    std::replace(name.begin(), name.end(), '/', '_');  // of tests with parameters
-    folder = std::filesystem::temp_directory_path() / name;
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
-    ResetState();
-    UserLevelsFolder = folder.string();
+    FreshTest::SetUp();
+    WorldMapsFolder = folder.string();
 }
 
 void ScreenTest::TearDown() {
+    ResetWorld();  // what a test has broken must not keep its screens from closing
+    WorldReadError = WorldChanged = 0;
+    for (const char* inner : {"zTypeFrm", LinkEditor, "WorldPropertiesFrm", Editor}) {
+        if (Surface* surface = Find(inner)) {
+            surface->takesInput = true;
+            surface->close();
+        }
+    }
     for (Surface* surface : LoadedSurfaces()) {
         surface->takesInput = true;
         surface->close();
     }
     DeliverEvents();
-    std::filesystem::remove_all(folder);
+    FreshTest::TearDown();
 }
 
 void MakeLevel(int width) {
     LevelRecord.width = width;
     LevelRecord.height = LevelRows;
-    for (TileMap* layer : {&LevelRecord.background_tm, &LevelRecord.foreground_tm, &LevelRecord.interactive_tm}) {
-        *layer = TileMap(width, LevelRows);
-    }
+    LevelRecord.background_tm = LevelRecord.foreground_tm = LevelRecord.interactive_tm = TileMap(width, LevelRows);
     LevelPath = "level.fbl";
     LevelLoaded = True;
 }
 
-bool IsOpen(const std::string& screen) {
-    for (const Surface* surface : OpenSurfaces()) {
-        if (surface->objectName().toStdString() == screen) {
-            return true;
-        }
-    }
-    return false;
+void AddBadGuy(const BadGuy& badGuy) {
+    LevelRecord.BadGuyCount += 1;
+    LevelRecord.objects.Resize(LevelRecord.BadGuyCount);
+    LevelRecord.objects[LevelRecord.BadGuyCount] = badGuy;
 }
 
+void OpenMain(int width, int mode) {
+    CurrentMode = mode;
+    LoadMainFrm();
+    ShowMainFrm();
+    if (width > 0) {
+        MakeLevel(width);
+        UpdateDisplay();
+    }
+}
+
+void OpenWorld(int width, int height) {
+    ResetWorld();
+    WorldRecord.width = width;
+    WorldRecord.height = height;
+    BuildBlankWorld();
+    if (!IsOpen(Editor)) {
+        OpenWorldFrm();
+    }
+}
+
+WorldLink& AddLink(int x, int y, int type) {
+    AddInNewLink(x, y);
+    CurrentLink = -1;
+    WorldLink& link = WorldRecord.levels[WorldRecord.LinkCount];
+    link.type = type;
+    return link;
+}
+
+bool IsOpen(const std::string& screen) { return Find(screen) != nullptr; }
+
 Surface& WindowOf(const std::string& screen) {
-    for (Surface* surface : OpenSurfaces()) {
-        if (surface->objectName().toStdString() == screen) {
-            return *surface;
-        }
+    if (Surface* surface = Find(screen)) {
+        return *surface;
     }
     throw std::runtime_error(screen + " is not open");
 }
 
 ImageCell& CellOf(const std::string& screen, const std::string& cell) {
-    ImageCell* found = WindowOf(screen).FindCell(cell);
-    if (found == nullptr) {
-        throw std::runtime_error(screen + " has no cell " + cell);
+    if (ImageCell* found = WindowOf(screen).FindCell(cell)) {
+        return *found;
     }
-    return *found;
+    throw std::runtime_error(screen + " has no cell " + cell);
 }
 
-std::string CaptionOf(const std::string& screen, const std::string& name) {
-    QWidget& control = ControlOf<QWidget>(screen, name);
+QPointF PlaceOf(const std::string& screen, const std::string& cell) {
+    return {CellOf(screen, cell).Left(), CellOf(screen, cell).Top()};
+}
+
+int TileAt(const std::string& screen, int column, int row) {
+    const Picture& shown = CellOf(screen, Img(column, row)).Shown();
+    const bool world = screen == Editor;
+    for (int tile = world ? 76 : 204; tile > 0; --tile) {
+        if (shown == (world ? WorldImages() : BlockImgList())[tile]) {
+            return tile;
+        }
+    }
+    return shown == Picture() ? 0 : -1;
+}
+
+std::string Member(const std::string& name, int index) { return name + "(" + std::to_string(index) + ")"; }
+
+std::string Img(int column, int row) { return Member("Img", column * 15 + row); }
+
+std::string StateOf(const std::string& screen, const std::string& name) {
+    if (const ImageCell* cell = WindowOf(screen).FindCell(name)) {
+        return WindowOf(screen).IsShown(*cell) ? "shown" : "hidden";
+    }
+    auto& control = ControlOf<QWidget>(screen, name);
+    if (!control.isVisible() || !control.isEnabled()) {
+        return control.isVisible() ? "disabled" : "hidden";
+    }
+    if (const auto* bar = qobject_cast<QScrollBar*>(&control)) {
+        return std::to_string(bar->value()) + " of " + std::to_string(bar->maximum());
+    }
     if (const auto* button = qobject_cast<QAbstractButton*>(&control)) {
-        return button->text().toStdString();
+        return !button->isCheckable() ? button->text().toStdString() : button->isChecked() ? "on" : "off";
     }
-    return control.accessibleName().toStdString();
+    if (const auto* box = qobject_cast<QLineEdit*>(&control)) {
+        return box->text().toStdString();
+    }
+    if (const auto* area = qobject_cast<QPlainTextEdit*>(&control)) {
+        return area->toPlainText().toStdString();
+    }
+    return control.inherits("QLabel") ? control.accessibleName().toStdString() : "shown";
 }
 
-std::string TextOf(const std::string& screen, const std::string& name) {
-    return ControlOf<QLineEdit>(screen, name).text().toStdString();
+Texts StatesOf(const std::string& screen, const Texts& names) {
+    Texts states;
+    for (const std::string& name : names) {
+        states.push_back(StateOf(screen, name));
+    }
+    return states;
 }
 
 std::string ToolTipOf(const std::string& screen, const std::string& name) {
-    if (const ImageCell* cell = WindowOf(screen).FindCell(name)) {
-        return cell->ToolTip();
+    const ImageCell* cell = WindowOf(screen).FindCell(name);
+    return cell != nullptr ? cell->ToolTip() : ControlOf<QWidget>(screen, name).toolTip().toStdString();
+}
+
+void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button, QPoint at) {
+    Surface& window = WindowOf(screen);
+    if (window.FindCell(name) != nullptr) {
+        QTest::mouseClick(&window, button, Qt::NoModifier, PointIn(screen, name, at));
+        return;
     }
-    return ControlOf<QWidget>(screen, name).toolTip().toStdString();
-}
-
-bool IsTicked(const std::string& screen, const std::string& name) {
-    return ControlOf<QAbstractButton>(screen, name).isChecked();
-}
-
-bool IsShown(const std::string& screen, const std::string& name) {
-    if (const ImageCell* cell = WindowOf(screen).FindCell(name)) {
-        return WindowOf(screen).IsShown(*cell);
-    }
-    return ControlOf<QWidget>(screen, name).isVisible();
-}
-
-bool IsEnabled(const std::string& screen, const std::string& name) {
-    return ControlOf<QWidget>(screen, name).isEnabled();
-}
-
-int ScrollValueOf(const std::string& screen, const std::string& name) {
-    return ControlOf<QScrollBar>(screen, name).value();
-}
-
-int ScrollMaxOf(const std::string& screen, const std::string& name) {
-    return ControlOf<QScrollBar>(screen, name).maximum();
-}
-
-void ClickCell(const std::string& screen, const std::string& cell, Qt::MouseButton button, QPoint at) {
-    QTest::mouseClick(&WindowOf(screen), button, Qt::NoModifier, PointIn(screen, cell, at));
-}
-
-void PressCell(const std::string& screen, const std::string& cell, Qt::MouseButton button, QPoint at) {
-    QTest::mousePress(&WindowOf(screen), button, Qt::NoModifier, PointIn(screen, cell, at));
-}
-
-void ReleaseCell(const std::string& screen, const std::string& cell, Qt::MouseButton button, QPoint at) {
-    QTest::mouseRelease(&WindowOf(screen), button, Qt::NoModifier, PointIn(screen, cell, at));
-}
-
-void MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
-    QTest::mouseMove(&WindowOf(screen), PointIn(screen, cell, at));
-}
-
-void ClickOn(const std::string& screen, const std::string& name) {
-    QWidget& control = ControlOf<QWidget>(screen, name);
+    auto& control = ControlOf<QWidget>(screen, name);
     // An option or a check box answers to a click on its mark, not to one on the blank space behind it.
     const bool marked = control.inherits("QRadioButton") || control.inherits("QCheckBox");
-    const QPoint at = marked ? QPoint(8, control.height() / 2) : control.rect().center();
-    QTest::mouseClick(&control, Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseClick(&control, button, Qt::NoModifier,
+                      marked ? QPoint(8, control.height() / 2) : control.rect().center());
+}
+
+void RightClickOn(const std::string& screen, const std::string& name) { ClickOn(screen, name, Qt::RightButton); }
+
+void PressCell(const std::string& screen, const std::string& cell, QPoint at) {
+    QTest::mousePress(&WindowOf(screen), Qt::LeftButton, Qt::NoModifier, PointIn(screen, cell, at));
+}
+
+void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at) {
+    QTest::mouseRelease(&WindowOf(screen), Qt::LeftButton, Qt::NoModifier, PointIn(screen, cell, at));
+}
+
+std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
+    QTest::mouseMove(&WindowOf(screen), PointIn(screen, cell, at));
+    return ToolTipOf(screen, cell);
+}
+
+void Type(const std::string& screen, const std::string& name, const std::string& text) {
+    QTest::keyClicks(&ControlOf<QWidget>(screen, name), QString::fromStdString(text));
 }
 
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text) {
-    auto& box = ControlOf<QLineEdit>(screen, name);
-    box.selectAll();
-    QTest::keyClicks(&box, QString::fromStdString(text));
+    ControlOf<QLineEdit>(screen, name).selectAll();
+    Type(screen, name, text);
 }
 
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key) {
@@ -195,20 +219,14 @@ void ScrollTo(const std::string& screen, const std::string& name, int value) {
     ControlOf<QScrollBar>(screen, name).setValue(value);
 }
 
-void CloseScreen(const std::string& screen) { WindowOf(screen).close(); }
+void CloseScreen(const std::string& screen) {
+    WindowOf(screen).close();
+    DeliverEvents();
+}
 
 void DeliverEvents() { QCoreApplication::processEvents(); }
 
-std::string FileText(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-void WriteFile(const std::filesystem::path& path, const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
-}
+QPoint SavedPlace(std::size_t index) { return {PrefsRecord.ScreenLeft.at(index), PrefsRecord.ScreenTop.at(index)}; }
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

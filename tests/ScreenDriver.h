@@ -1,40 +1,55 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QPoint>
 #include <QString>
 #include <QWidget>
-#include <filesystem>
 #include <string>
 
+#include "core/Screens.h"
+#include "core/SharedState.h"
+#include "platform/ImageCell.h"
 #include "platform/Surface.h"
-#include "tests/ScriptedDialogs.h"
-
-class ImageCell;
+#include "tests/Support.h"
 
 // Drives the real screens as a user's hand and eye would, on the toolkit's offscreen platform. Controls and
 // cells are found by their names, such as "GridCheck" or "Img(17)", in the screen of the given name.
 
-/// A test with a fresh program: all state as after the start without preferences, a folder of its own for
-/// files, the game's folders in it, no screen open. Closes what it opened.
-class ScreenTest : public testing::Test {
+inline constexpr const char* Main = "MainFrm";
+inline constexpr const char* Editor = "WorldFrm";
+inline constexpr const char* LinkEditor = "LinkForm";
+
+/// A test with a fresh program and no screen open. Closes what it opened.
+class ScreenTest : public FreshTest {
 protected:
     void SetUp() override;
     void TearDown() override;
-
-    std::filesystem::path folder;  ///< empty at the start of each test
 };
-
-/// Puts the whole process-wide state back to that of a first start, without reading or writing a file.
-void ResetState();
 
 /// A level of `width` columns whose cells are all 0, in memory and loaded, with the path "level.fbl".
 void MakeLevel(int width);
+void AddBadGuy(const BadGuy& badGuy);
+
+/// Loads and shows MainFrm in mode `mode`, with such a level unless `width` is 0.
+void OpenMain(int width = 0, int mode = 0);
+
+/// A world of tile 9, in memory and without a path, in its editor, which opens unless it is open.
+void OpenWorld(int width = 40, int height = 30);
+WorldLink& AddLink(int x, int y, int type);
+
+/// Presses the text area's, list's or box's keys, one by one; it takes the focus.
+void Type(const std::string& screen, const std::string& name, const std::string& text);
 
 [[nodiscard]] bool IsOpen(const std::string& screen);
 [[nodiscard]] Surface& WindowOf(const std::string& screen);
 [[nodiscard]] ImageCell& CellOf(const std::string& screen, const std::string& cell);
+[[nodiscard]] QPointF PlaceOf(const std::string& screen, const std::string& cell);
+
+/// The number of the tile that a cell of a map shows, 0 for none.
+[[nodiscard]] int TileAt(const std::string& screen, int column, int row);
+
+/// "Name(3)"; and the cell of a map at a column and row of the view.
+[[nodiscard]] std::string Member(const std::string& name, int index);
+[[nodiscard]] std::string Img(int column, int row);
 
 /// The toolkit's widget of a control, such as ControlOf<QScrollBar>("MainFrm", "MapXScroll").
 template <typename Widget>
@@ -46,27 +61,21 @@ template <typename Widget>
     return *widget;
 }
 
-/// The caption of a label, whole even where the screen shortens it, or of a button.
-[[nodiscard]] std::string CaptionOf(const std::string& screen, const std::string& name);
-[[nodiscard]] std::string TextOf(const std::string& screen, const std::string& name);
+/// What can be seen of a cell or control: "hidden", "disabled", "shown" (a cell, a frame), "on" or "off" (a
+/// check box or option), "5 of 22" (a scroll bar), or its text, whole even where the screen shortens it.
+[[nodiscard]] std::string StateOf(const std::string& screen, const std::string& name);
+[[nodiscard]] Texts StatesOf(const std::string& screen, const Texts& names);
 [[nodiscard]] std::string ToolTipOf(const std::string& screen, const std::string& name);
-[[nodiscard]] bool IsTicked(const std::string& screen, const std::string& name);  ///< check box or option
-[[nodiscard]] bool IsShown(const std::string& screen, const std::string& name);   ///< with all that it stands in
-[[nodiscard]] bool IsEnabled(const std::string& screen, const std::string& name);
-[[nodiscard]] int ScrollValueOf(const std::string& screen, const std::string& name);
-[[nodiscard]] int ScrollMaxOf(const std::string& screen, const std::string& name);
 
-/// Presses and releases a mouse button on a cell, `at` pixels from its corner.
-void ClickCell(const std::string& screen, const std::string& cell, Qt::MouseButton button = Qt::LeftButton,
-               QPoint at = {16, 16});
-void PressCell(const std::string& screen, const std::string& cell, Qt::MouseButton button = Qt::LeftButton,
-               QPoint at = {16, 16});
-void ReleaseCell(const std::string& screen, const std::string& cell, Qt::MouseButton button = Qt::LeftButton,
-                 QPoint at = {16, 16});
-void MoveOverCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
+/// Clicks a cell, `at` pixels from its corner, or a button, check box, option, label or toolbar button ("TB(7)").
+void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button = Qt::LeftButton,
+             QPoint at = {16, 16});
+void RightClickOn(const std::string& screen, const std::string& name);
+void PressCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
+void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 
-/// Clicks a button, check box, option, label or toolbar button ("TB(7)").
-void ClickOn(const std::string& screen, const std::string& name);
+/// Moves the mouse over a cell and gives the tool tip that it gets.
+std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 
 /// Selects all of a text box and types `text` key by key.
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text);
@@ -75,11 +84,9 @@ void PressKey(const std::string& screen, const std::string& name, Qt::Key key);
 /// Moves a scroll bar as a click on one of its arrows would.
 void ScrollTo(const std::string& screen, const std::string& name, int value);
 
-/// Asks a screen to close as its close box does.
+/// Asks a screen to close as its close box does, and delivers what waits in the event queue.
 void CloseScreen(const std::string& screen);
-
-/// Delivers what waits in the event queue.
 void DeliverEvents();
 
-[[nodiscard]] std::string FileText(const std::filesystem::path& path);
-void WriteFile(const std::filesystem::path& path, const std::string& text);
+/// Where the preferences say that the frame of screen `index` stood.
+[[nodiscard]] QPoint SavedPlace(std::size_t index);

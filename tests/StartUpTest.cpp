@@ -1,49 +1,125 @@
 #include "core/StartUp.h"
 
 #include "core/General.h"
+#include "platform/Files.h"
 #include "tests/ModelTest.h"
+
+// The start, and the preferences, which lie beside the program; a test leaves none behind.
 
 namespace {
 
-using StartUpTest = ModelTest;
+class PreferencesTest : public ModelTest {
+protected:
+    void SetUp() override {
+        ModelTest::SetUp();
+        std::filesystem::remove(path);
+    }
+    void TearDown() override {
+        ModelTest::TearDown();
+        std::filesystem::remove(path);
+    }
 
-TEST_F(StartUpTest, ClampsDifferOnPurpose) {
-    const struct {
-        Int16 Preferences::*saved;
-        Int16* selection;
-        int value;
-        int restored;
-    } cases[] = {
-        {&Preferences::SavedLayer, &CurrentLayer, 3, 3},     {&Preferences::SavedLayer, &CurrentLayer, 4, 1},
-        {&Preferences::SavedLayer, &CurrentLayer, -1, -1},   {&Preferences::SavedMode, &CurrentMode, 2, 2},
-        {&Preferences::SavedMode, &CurrentMode, 3, 0},       {&Preferences::SavedMode, &CurrentMode, -7, -7},
-        {&Preferences::SavedObject, &CurrentObject, 9, 9},   {&Preferences::SavedObject, &CurrentObject, 10, -1},
-        {&Preferences::SavedObject, &CurrentObject, -2, -2}, {&Preferences::SavedTileSet, &CurrentTileSet, 2, 2},
-        {&Preferences::SavedTileSet, &CurrentTileSet, 3, 0}, {&Preferences::SavedTileSet, &CurrentTileSet, -1, 0},
+    const std::string path = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
+};
+
+std::string Word(int number) { return {static_cast<char>(number & 0xFF), static_cast<char>((number >> 8) & 0xFF)}; }
+
+/// All fields different from each other, and the bytes that the file holds for them.
+std::string FillRecord() {
+    Preferences& p = PrefsRecord;
+    int next = 1000;
+    std::string bytes;
+    const auto numbers = [&](const auto& fields) {
+        for (Int16* field : fields) {
+            *field = next;
+            bytes += Word(next++);
+        }
     };
-    for (const auto& [saved, selection, value, restored] : cases) {
-        PrefsRecord.*saved = value;
-        RestoreSelections();
-        EXPECT_EQ(*selection, restored) << "saved " << value;
+    const auto array = [&](auto& fields) {
+        for (Int16& field : fields) {
+            numbers(std::initializer_list<Int16*>{&field});
+        }
+    };
+    using Fields = std::initializer_list<Int16*>;
+    const auto text = [&](std::string& field, const std::string& value) {
+        field = value;
+        bytes += Word(static_cast<int>(value.size())) + value;
+    };
+    array(p.ScreenLeft);
+    array(p.ScreenTop);
+    bytes += std::string(32, '\0');
+    text(p.LevelPath, "/levels/\xE9.fbl");
+    numbers(Fields{&p.SavedTile, &p.SavedLayer, &p.SavedMode, &p.SavedObject});
+    bytes += std::string(2 + 1, '\0');
+    text(p.WorldPath, "");
+    numbers(Fields{&p.SavedWorldMode, &p.SavedWorldX, &p.SavedWorldY, &p.SavedScroll});
+    bytes += std::string(2, '\0');
+    numbers(Fields{&p.GridState});
+    text(p.InfoPath, std::string(300, 'i'));
+    numbers(Fields{&p.AutoState, &p.SavedTileSet});
+    array(p.FavoritesA);
+    array(p.FavoritesB);
+    text(p.DefaultAuthor, "Ann");
+    numbers(Fields{&p.AddEndState, &p.ResetState, &p.IglooState, &p.FloorTile});
+    bytes += std::string(2, '\0');
+    numbers(Fields{&p.WorldAutoComplete});
+    array(p.WorldFavorites);
+    return bytes;
+}
+
+TEST_F(PreferencesTest, FileHoldsTheFieldsInOrder) {
+    const std::string bytes = FillRecord();
+    const Preferences saved = PrefsRecord;
+    SavePreferences();
+    EXPECT_EQ(FileText(path), bytes);
+    PrefsRecord = {};
+    LoadPreferences();
+    EXPECT_EQ(PrefsRecord, saved);
+    // Old bytes remain behind a shorter record.
+    PrefsRecord.InfoPath = "";
+    SavePreferences();
+    EXPECT_EQ(FileText(path).size(), bytes.size());
+    EXPECT_EQ(FileText(path).substr(bytes.size() - 300), bytes.substr(bytes.size() - 300));
+    LoadPreferences();
+    EXPECT_EQ(PrefsRecord.InfoPath, "");
+}
+
+TEST_F(PreferencesTest, ShortFileIsReadAsFarAsItGoes) {
+    const std::string bytes = FillRecord();
+    const Preferences whole = PrefsRecord;
+    for (std::size_t length = 0; length < bytes.size() - 1; length += length < 4 ? 1 : 37) {
+        WriteFile(path, bytes.substr(0, length));
+        LoadPreferences();
+        EXPECT_EQ(PrefsRecord.ScreenLeft[0], length >= 2 ? whole.ScreenLeft[0] : Int16(length == 1 ? 1000 % 256 : 0));
+        EXPECT_EQ(PrefsRecord.WorldFavorites[76], 0);
     }
 }
 
-TEST_F(StartUpTest, FoldersLieBelowTheGame) {
-    EXPECT_EQ(GameFolder, JoinPath(ProgramFolder(), "Floebird"));
-    EXPECT_EQ(UserLevelsFolder, GameFolder + "/.floebird/levels");
-    EXPECT_EQ(BackgroundFolder, GameFolder + "/data/images/background");
-    EXPECT_EQ(MusicFolder, GameFolder + "/data/music");
-    EXPECT_EQ(WorldMapsFolder, GameFolder + "/data/levels/worldmaps");
-    EXPECT_EQ(LogonName.size(), 16U);
+TEST_F(PreferencesTest, MissingFileIsMadeBeforeTheScreenIsLoaded) {
+    PrefsRecord.SavedTile = 5;
+    Main();
+    EXPECT_EQ(PrefsRecord, Preferences());
+    ASSERT_TRUE(std::filesystem::exists(path));
+    EXPECT_EQ(std::filesystem::file_size(path), 0U);
+    EXPECT_EQ(doubles.calls, (Texts{"LoadMainFrm", "ShowMainFrm"}));
 }
 
-TEST_F(StartUpTest, MainLoadsThePreferencesThenTheScreen) {
-    const std::string path = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
-    std::filesystem::remove(path);
-    Main();
-    EXPECT_EQ(doubles.calls, (std::vector<std::string>{"LoadMainFrm", "ShowMainFrm"}));
-    EXPECT_TRUE(std::filesystem::exists(path));
-    std::filesystem::remove(path);
+TEST_F(PreferencesTest, ClampsOfTheSelectionsDifferOnPurpose) {
+    const struct {
+        Int16 Preferences::*saved;
+        Int16* selection;
+        std::vector<std::pair<int, int>> values;  ///< saved, restored
+    } cases[] = {{&Preferences::SavedLayer, &CurrentLayer, {{3, 3}, {4, 1}, {-1, -1}}},
+                 {&Preferences::SavedMode, &CurrentMode, {{2, 2}, {3, 0}, {-7, -7}}},
+                 {&Preferences::SavedObject, &CurrentObject, {{9, 9}, {10, -1}, {-2, -2}}},
+                 {&Preferences::SavedTileSet, &CurrentTileSet, {{2, 2}, {3, 0}, {-1, 0}}}};
+    for (const auto& [saved, selection, values] : cases) {
+        for (const auto& [value, restored] : values) {
+            PrefsRecord.*saved = value;
+            RestoreSelections();
+            EXPECT_EQ(*selection, restored) << "saved " << value;
+        }
+    }
 }
 
 }  // namespace

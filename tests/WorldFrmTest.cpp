@@ -1,127 +1,134 @@
-#include "tests/WorldScreens.h"
+#include "world/LinkForm.h"
+
+#include <QTimer>
+
+#include "tests/ScreenDriver.h"
+#include "world/WorldReader.h"
 #include "world/WorldWriter.h"
 
-// The world map editor through its window: opening and closing, the view, painting, the list of links, files.
+// The world map editor and its side screens, through their windows.
 
 namespace {
 
-using WorldFrmTest = WorldScreenTest;
+constexpr const char* Picker = "zTypeFrm";
+constexpr const char* Properties = "WorldPropertiesFrm";
 
-using Message = ScriptedDialogs::Message;
+class WorldFrmTest : public ScreenTest {
+protected:
+    static void SetMode(int mode) { ClickOn(Editor, Member("ModeOption", mode)); }
+
+    /// Opens the link editor on a link of `type` at (2, 3).
+    static WorldLink& OpenLink(int type) {
+        OpenWorld();
+        WorldLink& link = AddLink(2, 3, type);
+        SetMode(2);
+        ClickOn(Editor, "LinkTypeBox(0)");
+        return link;
+    }
+
+    /// Clicks TypeBox and does `answer` once the picker is open. Comes back when the waiting is over.
+    template <typename Answer>
+    static std::string AskForType(Answer answer) {
+        QTimer::singleShot(0, answer);
+        ClickOn(LinkEditor, "TypeBox");
+        return StateOf(LinkEditor, "TypeBox");
+    }
+};
 
 TEST_F(WorldFrmTest, TakesThePlaceOfTheLevelEditor) {
-    MakeWorld(40, 30);
-    LoadMainFrm();
-    ShowMainFrm();
-    ClickOn("MainFrm", "TB(13)");
-    EXPECT_TRUE(IsOpen(Editor));
-    EXPECT_FALSE(IsOpen("MainFrm"));
-    ClickOn(Editor, "WTB(10)");
-    EXPECT_FALSE(IsOpen(Editor));
-    ASSERT_TRUE(IsOpen("MainFrm"));
-    EXPECT_TRUE(WindowOf("MainFrm").takesInput);
-    EXPECT_EQ(WindowOf("MainFrm").cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST_F(WorldFrmTest, WithoutAWorldItIsDeaf) {
+    OpenMain();
     PrefsRecord.WorldAutoComplete = 0;
-    OpenWorldFrm();
-    EXPECT_EQ(ScrollMaxOf(Editor, "MapXScroll"), 1);
-    EXPECT_EQ(ScrollMaxOf(Editor, "MapYScroll"), 3);
-    ClickOn(Editor, Mode(2));
-    EXPECT_TRUE(IsShown(Editor, "TilesFrame"));
+    ClickOn(Main, "TB(13)");
+    EXPECT_FALSE(IsOpen(Main));
+    // Without a world it is deaf.
+    EXPECT_EQ(StatesOf(Editor, {"MapXScroll", "MapYScroll"}), (Texts{"0 of 1", "0 of 3"}));
+    SetMode(2);
     ClickOn(Editor, "AutoCheck");
     EXPECT_EQ(PrefsRecord.WorldAutoComplete, 0);
     MoveOverCell(Editor, Img(3, 3));
-    EXPECT_EQ(CaptionOf(Editor, "MouseXBox"), "");
-    ClickCell(Editor, Img(3, 3));
-    ClickCell(Editor, Img(3, 3), Qt::RightButton);
-    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+    ClickOn(Editor, Img(3, 3));
+    RightClickOn(Editor, Img(3, 3));
+    EXPECT_EQ(StatesOf(Editor, {"TilesFrame", "MouseXBox"}), (Texts{"shown", ""}));
     EXPECT_TRUE(dialogs.messages.empty());
+    ClickOn(Editor, "WTB(10)");
+    EXPECT_FALSE(IsOpen(Editor));
+    EXPECT_TRUE(WindowOf(Main).takesInput);
+    EXPECT_EQ(WindowOf(Main).cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
 }
 
 TEST_F(WorldFrmTest, AllIsFoundAsItWasLeft) {
-    MakeWorld(40, 30);
+    const std::string path = PathOf("a.fbwm");
+    OpenWorld();
     BuildWorldText();
-    WriteWorldFile((folder / "a.fbwm").string());
+    WriteWorldFile(path);
+    CloseScreen(Editor);
     const struct {
-        int mode, x, y, shownMode, shownX, shownY;
-    } cases[] = {{3, 15, 10, 3, 15, 10}, {5, 100, 100, 0, 22, 15}, {-1, -1, 0, 0, 0, 0}, {2, 1, 4, 2, 1, 4}};
+        int mode, x, y, shownMode;
+        const char *shownX, *shownY;
+    } cases[] = {
+        {3, 15, 10, 3, "15", "10"}, {5, 100, 100, 0, "22", "15"}, {-1, -1, 0, 0, "0", "0"}, {2, 1, 4, 2, "1", "4"}};
     for (const auto& saved : cases) {
         SCOPED_TRACE(saved.mode);
-        WorldPath = (folder / "a.fbwm").string();
+        WorldPath = path;
         PrefsRecord.SavedWorldMode = saved.mode;
         PrefsRecord.SavedWorldX = saved.x;
         PrefsRecord.SavedWorldY = saved.y;
         CurrentLink = 5;
         OpenWorldFrm();
-        EXPECT_TRUE(IsTicked(Editor, Mode(saved.shownMode)));
-        EXPECT_EQ(ScrollValueOf(Editor, "MapXScroll"), saved.shownX);
-        EXPECT_EQ(ScrollValueOf(Editor, "MapYScroll"), saved.shownY);
+        EXPECT_EQ(StatesOf(Editor, {Member("ModeOption", saved.shownMode), "MapXScroll", "MapYScroll", "FileNameBox"}),
+                  (Texts{"on", std::string(saved.shownX) + " of 22", std::string(saved.shownY) + " of 15", path}));
         EXPECT_EQ(CurrentLink, -1);
-        EXPECT_EQ(CaptionOf(Editor, "FileNameBox"), WorldPath);
         ScrollTo(Editor, "MapXScroll", 7);
         CloseScreen(Editor);
-        DeliverEvents();
         EXPECT_EQ(PrefsRecord.SavedWorldMode, saved.shownMode);
         EXPECT_EQ(PrefsRecord.SavedWorldX, 7);
-        EXPECT_EQ(PrefsRecord.SavedWorldY, saved.shownY);
+        EXPECT_EQ(PrefsRecord.SavedWorldY, std::stoi(saved.shownY));
     }
 }
 
-TEST_F(WorldFrmTest, ModesShowTheirPanels) {
+TEST_F(WorldFrmTest, TheViewFollowsItsScrollBarsAndMode) {
     PrefsRecord.WorldAutoComplete = 7;
-    OpenWithWorld();
-    const struct {
-        bool tiles, links;
-    } panels[] = {{true, false}, {true, false}, {false, true}, {false, false}, {false, false}};
-    for (int mode = 4; mode >= 0; --mode) {
-        ClickOn(Editor, Mode(mode));
-        EXPECT_EQ(IsShown(Editor, "TilesFrame"), panels[mode].tiles) << mode;
-        EXPECT_EQ(IsShown(Editor, "LinkFrame"), panels[mode].links) << mode;
-        EXPECT_EQ(IsEnabled(Editor, "FavCheck"), mode < 2) << mode;
-    }
-    EXPECT_TRUE(IsTicked(Editor, "AutoCheck")) << "a value of no use becomes 1";
-}
-
-TEST_F(WorldFrmTest, TheViewFollowsItsScrollBars) {
-    OpenWithWorld();
-    EXPECT_EQ(CellOf(Editor, "Img(269)").Left(), 12 + 34 * 17);
-    EXPECT_EQ(CellOf(Editor, "Img(269)").Top(), 90 + 34 * 14);
+    OpenWorld();
+    EXPECT_EQ(PlaceOf(Editor, Img(17, 14)), QPointF(12 + 34 * 17, 90 + 34 * 14));
+    EXPECT_EQ(StateOf(Editor, "AutoCheck"), "on") << "a value of no use becomes 1";
     WorldRecord.tiles(39, 29) = 71;
     WorldRecord.tiles(38, 29) = 0;
     WorldRecord.start_pos_x = 30;
     WorldRecord.start_pos_y = 20;
-    ClickOn(Editor, Mode(3));
-    EXPECT_FALSE(IsShown(Editor, "NukImg"));
+    SetMode(3);
+    EXPECT_EQ(StateOf(Editor, "NukImg"), "hidden");
     ScrollTo(Editor, "MapXScroll", 22);
     ScrollTo(Editor, "MapYScroll", 15);
-    ShowsTile(17, 14, 71);
-    ShowsTile(16, 14, 0);
-    ShowsTile(15, 14, 9);
-    ASSERT_TRUE(IsShown(Editor, "NukImg"));
-    StandsOn("NukImg", 8, 5);
-    MoveOverCell(Editor, Img(17, 14));
-    EXPECT_EQ(ToolTipOf(Editor, Img(17, 14)), "Tile = 71, X = 39, Y = 29");
-    EXPECT_EQ(CaptionOf(Editor, "MouseXBox"), "39");
-    EXPECT_EQ(CaptionOf(Editor, "MouseYBox"), "29");
-    ClickOn(Editor, Mode(2));
-    EXPECT_FALSE(IsShown(Editor, "NukImg"));
-    MakeWorld(18, 15);
+    EXPECT_EQ(TileAt(Editor, 17, 14) * 100 + TileAt(Editor, 16, 14) * 10 + TileAt(Editor, 15, 14), 7109);
+    EXPECT_EQ(PlaceOf(Editor, "NukImg"), PlaceOf(Editor, Img(8, 5)));
+    EXPECT_EQ(MoveOverCell(Editor, Img(17, 14)), "Tile = 71, X = 39, Y = 29");
+    EXPECT_EQ(StatesOf(Editor, {"MouseXBox", "MouseYBox"}), (Texts{"39", "29"}));
+    const struct {
+        const char *tiles, *links, *favorites, *start;
+    } panels[] = {{"shown", "hidden", "off", "hidden"},
+                  {"shown", "hidden", "off", "hidden"},
+                  {"hidden", "shown", "disabled", "hidden"},
+                  {"hidden", "hidden", "disabled", "shown"},
+                  {"hidden", "hidden", "disabled", "shown"}};
+    for (int mode = 4; mode >= 0; --mode) {
+        SetMode(mode);
+        const auto& p = panels[mode];
+        const std::string favorites = ControlOf<QWidget>(Editor, "FavCheck").isEnabled() ? "off" : "disabled";
+        EXPECT_EQ(
+            (Texts{StateOf(Editor, "TilesFrame"), StateOf(Editor, "LinkFrame"), favorites, StateOf(Editor, "NukImg")}),
+            (Texts{p.tiles, p.links, p.favorites, p.start}))
+            << mode;
+    }
+    OpenWorld(18, 15);
     UpdateWorld();
-    EXPECT_EQ(ScrollMaxOf(Editor, "MapXScroll"), 0);
-    EXPECT_EQ(ScrollMaxOf(Editor, "MapYScroll"), 0);
-    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
-}
-
-TEST_F(WorldFrmTest, TooSmallAMapIsNotDrawn) {
-    OpenWithWorld();
-    const std::pair<int, int> sizes[] = {{17, 15}, {18, 14}};
-    for (const auto& [width, height] : sizes) {
-        MakeWorld(width, height);
+    EXPECT_EQ(StatesOf(Editor, {"MapXScroll", "MapYScroll"}), Texts(2, "0 of 0"));
+    EXPECT_EQ(dialogs.messages.size(), 0U);
+    for (const auto& [width, height] : {std::pair(17, 15), {18, 14}}) {
+        OpenWorld(width, height);
         WorldRecord.tiles(0, 0) = 5;
         UpdateWorld();
-        ShowsTile(0, 0, 9);
+        EXPECT_EQ(TileAt(Editor, 0, 0), 9) << "too small a map is not drawn";
         ASSERT_FALSE(dialogs.messages.empty());
         EXPECT_EQ(dialogs.messages.back(), (Message{"World Map Size Error!\r\nWidth = " + std::to_string(width) +
                                                         ", Height = " + std::to_string(height),
@@ -131,15 +138,11 @@ TEST_F(WorldFrmTest, TooSmallAMapIsNotDrawn) {
 }
 
 TEST_F(WorldFrmTest, SpritesShowByTypeAndMode) {
-    OpenWithWorld();
+    OpenWorld();
     AddLink(0, 0, LevelLink).name = "a/b.fbl";
     AddLink(17, 14, MessageLink).message = "Hello";
-    WorldLink& teleport = AddLink(3, 4, TeleportLink);
-    teleport.message = "Jump";
-    teleport.dest_x = 7;
-    teleport.dest_y = 8;
-    WorldLink& invisible = AddLink(5, 6, InvisibleLink);
-    invisible.dest_x = -1;
+    AddLink(3, 4, TeleportLink).message = "Jump";
+    AddLink(5, 6, InvisibleLink).dest_x = -1;
     AddLink(6, 6, CommentLink);
     AddLink(18, 0, MessageLink);
     const struct {
@@ -148,163 +151,132 @@ TEST_F(WorldFrmTest, SpritesShowByTypeAndMode) {
         bool always;
     } sprites[] = {{1, 72, 0, 0, "Map = a/b.fbl", false},
                    {2, 75, 17, 14, "Message: Hello", true},
-                   {3, 74, 3, 4, "Teleport to X:7 Y:8, Message:Jump", false},
+                   {3, 74, 3, 4, "Teleport to X:0 Y:0, Message:Jump", false},
                    {4, 76, 5, 6, "Invisible Teleport to X:-1 Y:0", true}};
     for (const int mode : {2, 3, 4, 1}) {
-        ClickOn(Editor, Mode(mode));
+        SetMode(mode);
         for (const auto& sprite : sprites) {
             SCOPED_TRACE("mode " + std::to_string(mode) + ", link " + std::to_string(sprite.n));
             const std::string name = Member("DotImg", sprite.n);
             const bool shown = mode == 2 || mode == 3 || (mode == 4 && sprite.always);
-            ASSERT_EQ(IsShown(Editor, name), shown);
+            ASSERT_EQ(StateOf(Editor, name), shown ? "shown" : "hidden");
             if (shown) {
                 EXPECT_EQ(CellOf(Editor, name).Shown(), WorldImages()[sprite.picture]);
                 EXPECT_EQ(ToolTipOf(Editor, name), sprite.toolTip);
-                StandsOn(name, sprite.column, sprite.row);
+                EXPECT_EQ(PlaceOf(Editor, name), PlaceOf(Editor, Img(sprite.column, sprite.row)));
             }
         }
-        EXPECT_FALSE(IsShown(Editor, "DotImg(5)"));
-        EXPECT_FALSE(IsShown(Editor, "DotImg(6)"));
+        EXPECT_EQ(StatesOf(Editor, {"DotImg(5)", "DotImg(6)"}), Texts(2, "hidden"));
     }
-}
-
-TEST_F(WorldFrmTest, LateSpritesStayUntilAModeWithoutLinks) {
-    OpenWithWorld();
-    for (int n = 1; n <= 63; ++n) {
-        AddLink(n % 18, n / 18, MessageLink);
+    // Late sprites stay until a mode without links.
+    while (WorldRecord.LinkCount < 63) {
+        AddLink(1, 1, MessageLink);
     }
-    ClickOn(Editor, Mode(3));
-    EXPECT_TRUE(IsShown(Editor, "DotImg(63)"));
+    SetMode(3);
     while (WorldRecord.LinkCount > 20) {
         DeleteLink(WorldRecord.LinkCount);
     }
     UpdateWorld();
-    EXPECT_TRUE(IsShown(Editor, "DotImg(20)"));
-    EXPECT_FALSE(IsShown(Editor, "DotImg(21)"));
-    EXPECT_FALSE(IsShown(Editor, "DotImg(31)"));
-    EXPECT_TRUE(IsShown(Editor, "DotImg(32)"));
-    ClickOn(Editor, Mode(0));
-    EXPECT_FALSE(IsShown(Editor, "DotImg(32)"));
-    EXPECT_FALSE(IsShown(Editor, "DotImg(63)"));
+    EXPECT_EQ(StatesOf(Editor, {"DotImg(20)", "DotImg(21)", "DotImg(31)", "DotImg(32)", "DotImg(63)"}),
+              (Texts{"shown", "hidden", "hidden", "shown", "shown"}));
+    SetMode(0);
+    EXPECT_EQ(StatesOf(Editor, {"DotImg(32)", "DotImg(63)"}), Texts(2, "hidden"));
 }
 
-TEST_F(WorldFrmTest, BlockStampKeepsOffTheEdges) {
+TEST_F(WorldFrmTest, StampsKeepOffTheEdges) {
     PrefsRecord.WorldAutoComplete = 1;
-    OpenWithWorld(18, 15);
+    OpenWorld(18, 15);
     WorldCurrentTile = 49;
     const struct { int x, y, written; } cases[] = {{15, 12, 9}, {16, 12, 1}, {15, 13, 1}, {0, 0, 9}};
     for (const auto& place : cases) {
-        MakeWorld(18, 15);
-        ClickCell(Editor, Img(place.x, place.y));
+        OpenWorld(18, 15);
+        ClickOn(Editor, Img(place.x, place.y));
         int written = 0;
         for (int i = 0; i < 18 * 15; ++i) {
             written += WorldRecord.tiles(i % 18, i / 18) != 9 ? 1 : 0;
         }
         EXPECT_EQ(written, place.written) << place.x << ", " << place.y;
     }
-    ShowsTile(1, 0, 50);
-    ShowsTile(0, 2, 55);
-    ShowsTile(2, 2, 57);
+    for (int i = 0; i < 9; ++i) {
+        EXPECT_EQ(TileAt(Editor, i % 3, i / 3), 49 + i);
+    }
     EXPECT_EQ(WorldChanged, True);
-    ClickOn(Editor, "AutoCheck");
-    ClickCell(Editor, Img(8, 8));
-    ShowsTile(8, 8, 49);
-    ShowsTile(9, 8, 9);
-}
-
-TEST_F(WorldFrmTest, StartStampMovesTheStart) {
-    PrefsRecord.WorldAutoComplete = 1;
-    OpenWithWorld();
+    // The stamp of the start moves the start; without AutoCheck, tile 58 moves nothing else.
+    OpenWorld();
+    UpdateWorld();
     WorldCurrentTile = 58;
     ScrollTo(Editor, "MapXScroll", 3);
-    ClickCell(Editor, Img(4, 5));
-    EXPECT_EQ(WorldRecord.start_pos_x, 7);
-    EXPECT_EQ(WorldRecord.start_pos_y, 6);
-    EXPECT_EQ(WorldRecord.tiles(7, 6), 59);
-    ClickOn(Editor, "AutoCheck");
-    ClickCell(Editor, Img(1, 1));
-    EXPECT_EQ(WorldRecord.start_pos_x, 4);
-    EXPECT_EQ(WorldRecord.tiles(4, 2), 9);
-    ClickOn(Editor, "AutoCheck");
-    ScrollTo(Editor, "MapYScroll", 15);
-    ClickCell(Editor, Img(2, 14));
-    EXPECT_EQ(WorldRecord.start_pos_y, WorldRecord.height);
-    EXPECT_EQ(WorldRecord.tiles(5, 30), 59) << "the spare row takes it";
-    ClickOn(Editor, Mode(4));
-    ClickCell(Editor, Img(0, 0), Qt::RightButton);
-    EXPECT_EQ(WorldRecord.start_pos_x, 3);
-    EXPECT_EQ(WorldRecord.start_pos_y, 15);
-    StandsOn("NukImg", 0, 0);
-}
-
-TEST_F(WorldFrmTest, RightButtonPicksATile) {
-    OpenWithWorld();
-    WorldRecord.tiles(2, 2) = 76;
-    ClickCell(Editor, Img(2, 2), Qt::RightButton);
-    EXPECT_EQ(WorldCurrentTile, 76);
-    EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]);
-    EXPECT_EQ(CaptionOf(Editor, "TileIndexBox"), "76");
-    ClickCell(Editor, Img(4, 4), Qt::MiddleButton);
-    EXPECT_EQ(WorldRecord.tiles(4, 4), 9);
-    EXPECT_EQ(WorldChanged, False);
-    ClickOn(Editor, Mode(3));
-    ClickCell(Editor, Img(4, 4));
-    EXPECT_EQ(WorldRecord.tiles(4, 4), 9);
-    CloseScreen(Editor);
-    DeliverEvents();
-    OpenWorldFrm();
-    EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]) << "the tile is still selected";
+    const struct {
+        int scroll, column, row, startX, startY, below;
+    } starts[] = {{0, 4, 5, 7, 6, 59}, {0, 1, 1, 4, 2, 9}, {15, 2, 14, 5, 30, 59}};
+    for (const auto& start : starts) {
+        ScrollTo(Editor, "MapYScroll", start.scroll);
+        ClickOn(Editor, Img(start.column, start.row));
+        EXPECT_EQ(WorldRecord.start_pos_x * 100 + WorldRecord.start_pos_y, start.startX * 100 + start.startY);
+        EXPECT_EQ(WorldRecord.tiles(start.column + 3, start.row + start.scroll + 1), start.below);
+        ClickOn(Editor, "AutoCheck");
+    }
+    SetMode(4);
+    RightClickOn(Editor, Img(0, 0));
+    EXPECT_EQ(WorldRecord.start_pos_x * 100 + WorldRecord.start_pos_y, 315);
+    EXPECT_EQ(PlaceOf(Editor, "NukImg"), PlaceOf(Editor, Img(0, 0)));
 }
 
 TEST_F(WorldFrmTest, PaletteShowsUpTo35AndSelectsTheTrueTile) {
-    OpenWithWorld();
+    OpenWorld();
+    WorldRecord.tiles(2, 2) = 76;
+    RightClickOn(Editor, Img(2, 2));
+    EXPECT_EQ(WorldCurrentTile, 76);
+    EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]);
+    ClickOn(Editor, Img(4, 4), Qt::MiddleButton);
+    SetMode(3);
+    ClickOn(Editor, Img(4, 4));
+    EXPECT_EQ(WorldRecord.tiles(4, 4), 9);
+    SetMode(0);
     EXPECT_EQ(CellOf(Editor, "TileImg(34)").Shown(), WorldImages()[35]);
     EXPECT_EQ(CellOf(Editor, "TileImg(35)").Shown(), WorldImages()[1]);
     EXPECT_EQ(ToolTipOf(Editor, "TileImg(35)"), "Tile # 1");
     ScrollTo(Editor, "TileScroll", 10);
-    ClickCell(Editor, "TileImg(35)");
+    WorldCurrentTile = 0;
+    ClickOn(Editor, "TileImg(35)");
     EXPECT_EQ(WorldCurrentTile, 76);
-    EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]);
     // Favorites take the current tile only while they are edited.
     ScrollTo(Editor, "TileScroll", 1);
-    ClickOn(Editor, Mode(1));
+    SetMode(1);
     ClickOn(Editor, "FavCheck");
-    ClickCell(Editor, "TileImg(5)");
+    ClickOn(Editor, "TileImg(5)");
     EXPECT_EQ(PrefsRecord.WorldFavorites[9], 76);
     WorldCurrentTile = 12;
-    ClickCell(Editor, "TileImg(6)");
+    ClickOn(Editor, "TileImg(6)");
     EXPECT_EQ(CellOf(Editor, "TileImg(6)").Shown(), WorldImages()[12]);
     EXPECT_EQ(CellOf(Editor, "TileImg(5)").Shown(), WorldImages()[1]) << "a tile above 35";
     EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]);
     ClickOn(Editor, "FavCheck");
-    ClickCell(Editor, "TileImg(5)");
+    ClickOn(Editor, "TileImg(5)");
     EXPECT_EQ(WorldCurrentTile, 76);
     ClickOn(Editor, "FavCheck");
-    ClickOn(Editor, Mode(0));
-    ClickCell(Editor, "TileImg(0)");
+    SetMode(0);
+    ClickOn(Editor, "TileImg(0)");
     EXPECT_EQ(WorldCurrentTile, 5);
     EXPECT_EQ(WorldChanged, False);
 }
 
 TEST_F(WorldFrmTest, ClicksInLinkModeFindOrMakeALink) {
-    OpenWithWorld();
+    OpenWorld();
     AddLink(2, 3, NoLink);
     AddLink(4, 4, TeleportLink);
     AddLink(4, 4, MessageLink);
-    ClickOn(Editor, Mode(2));
+    SetMode(2);
     const struct {
         int column, row;
         Qt::MouseButton button;
         int current, count;
-    } clicks[] = {
-        {2, 3, Qt::RightButton, 1, 3},
-        {2, 3, Qt::LeftButton, 4, 4},
-        {9, 9, Qt::RightButton, 0, 4},
-        {9, 9, Qt::LeftButton, 5, 5},
-    };
+    } clicks[] = {{2, 3, Qt::RightButton, 1, 3},
+                  {2, 3, Qt::LeftButton, 4, 4},
+                  {9, 9, Qt::RightButton, 0, 4},
+                  {9, 9, Qt::LeftButton, 5, 5}};
     for (const auto& click : clicks) {
-        SCOPED_TRACE(click.current);
-        ClickCell(Editor, Img(click.column, click.row), click.button);
+        ClickOn(Editor, Img(click.column, click.row), click.button);
         EXPECT_EQ(CurrentLink, click.current);
         EXPECT_EQ(WorldRecord.LinkCount, click.count);
         ASSERT_TRUE(IsOpen(LinkEditor));
@@ -315,228 +287,316 @@ TEST_F(WorldFrmTest, ClicksInLinkModeFindOrMakeALink) {
     }
     EXPECT_EQ(WorldRecord.levels[5].type, LevelLink);
     // A sprite takes the click: left selects, right edits.
-    ClickCell(Editor, "DotImg(2)");
+    ClickOn(Editor, "DotImg(2)");
     EXPECT_FALSE(IsOpen(LinkEditor));
     EXPECT_EQ(CurrentLink, 2 + 1) << "the later of two on one cell lies on top";
 }
 
 TEST_F(WorldFrmTest, TheListShowsSixteenLinks) {
-    OpenWithWorld();
-    ClickOn(Editor, Mode(2));
-    EXPECT_FALSE(IsShown(Editor, "LinkNumBox(0)"));
+    OpenWorld();
+    SetMode(2);
+    EXPECT_EQ(StateOf(Editor, "LinkNumBox(0)"), "hidden");
     for (int n = 1; n <= 16; ++n) {
         AddLink(n, 0, n % 6);
     }
     UpdateWorld();
-    EXPECT_FALSE(IsEnabled(Editor, "LinkScroll"));
-    EXPECT_EQ(CaptionOf(Editor, "LinkNumBox(15)"), "16");
-    EXPECT_EQ(CaptionOf(Editor, "LinkTypeBox(0)"), "Comment");
-    EXPECT_EQ(CaptionOf(Editor, "LinkTypeBox(5)"), "");
+    EXPECT_EQ(StatesOf(Editor, {"LinkScroll", "LinkNumBox(15)", "LinkTypeBox(0)", "LinkTypeBox(5)"}),
+              (Texts{"disabled", "16", "Comment", ""}));
     AddLink(17, 0, TeleportLink).dest_x = 33;
     UpdateWorld();
-    EXPECT_TRUE(IsEnabled(Editor, "LinkScroll"));
-    EXPECT_EQ(ScrollMaxOf(Editor, "LinkScroll"), 1);
+    EXPECT_EQ(StateOf(Editor, "LinkScroll"), "0 of 1");
     ScrollTo(Editor, "LinkScroll", 1);
-    EXPECT_EQ(CaptionOf(Editor, "LinkNumBox(15)"), "17");
     ClickOn(Editor, "LinkNumBox(15)");
-    EXPECT_EQ(CurrentLink, 17);
-    EXPECT_EQ(CaptionOf(LinkEditor, "LinkNumBox"), "17");
+    EXPECT_EQ(StateOf(LinkEditor, "LinkNumBox"), "17");
     ClickOn(LinkEditor, "CancelCmd");
-    EXPECT_TRUE(IsShown(Editor, "LinkIndImg(15)"));
-    EXPECT_EQ(CaptionOf(Editor, "LinkXBox"), "17");
-    EXPECT_EQ(CaptionOf(Editor, "LinkDXBox"), "33");
+    EXPECT_EQ(StatesOf(Editor, {"LinkIndImg(15)", "LinkXBox", "LinkDXBox"}), (Texts{"shown", "17", "33"}));
     CurrentLink = 2;
     UpdateWorld();
-    EXPECT_FALSE(IsShown(Editor, "LinkIndImg(15)"));
-    EXPECT_TRUE(IsShown(Editor, "LinkIndImg(0)"));
-    EXPECT_FALSE(IsShown(Editor, "LinkDXBox"));
+    EXPECT_EQ(StatesOf(Editor, {"LinkIndImg(15)", "LinkIndImg(0)", "LinkDXBox"}), (Texts{"hidden", "shown", "hidden"}));
     DeleteLink(17);
     CurrentLink = 17;
     UpdateWorld();
-    EXPECT_EQ(ScrollValueOf(Editor, "LinkScroll"), 0);
-    EXPECT_EQ(CaptionOf(Editor, "LinkXBox"), "2") << "no row is marked, so the position stays";
-}
-
-TEST_F(WorldFrmTest, SpritesSelectAndScrollTheList) {
-    OpenWithWorld();
-    for (int n = 1; n <= 40; ++n) {
-        AddLink(n % 18, n / 18, MessageLink);
+    EXPECT_EQ(ControlOf<QWidget>(Editor, "LinkScroll").isEnabled(), false);
+    EXPECT_EQ(StateOf(Editor, "LinkXBox"), "2") << "no row is marked, so the position stays";
+    // Sprites select and scroll the list.
+    while (WorldRecord.LinkCount < 40) {
+        AddLink(1 + WorldRecord.LinkCount % 17, 1 + WorldRecord.LinkCount / 17, MessageLink);
     }
-    ClickOn(Editor, Mode(4));
     const struct {
-        int before, link, after;
-    } cases[] = {{0, 15, 0}, {0, 16, 1}, {0, 40, 24}, {24, 24, 24}, {24, 23, 8}, {20, 3, 0}};
+        int before, link;
+        const char* after;
+    } cases[] = {
+        {0, 16, "1 of 24"}, {0, 40, "24 of 24"}, {24, 24, "24 of 24"}, {24, 23, "8 of 24"}, {20, 3, "0 of 24"}};
     for (const auto& scroll : cases) {
-        SCOPED_TRACE(scroll.link);
-        ClickOn(Editor, Mode(2));
+        SetMode(2);
         ScrollTo(Editor, "LinkScroll", scroll.before);
-        ClickOn(Editor, Mode(3));
+        SetMode(3);
         const std::string sprite = Member("DotImg", scroll.link);
-        MoveOverCell(Editor, sprite);
-        EXPECT_EQ(ToolTipOf(Editor, sprite),
+        EXPECT_EQ(MoveOverCell(Editor, sprite),
                   "Link # " + std::to_string(scroll.link) + ", Left Click to Select, Right Click to Edit");
-        ClickCell(Editor, sprite);
+        ClickOn(Editor, sprite);
         EXPECT_EQ(CurrentLink, scroll.link);
-        EXPECT_TRUE(IsTicked(Editor, Mode(2)));
-        EXPECT_EQ(ScrollValueOf(Editor, "LinkScroll"), scroll.after);
-        EXPECT_EQ(ToolTipOf(Editor, sprite), "Message: ");
+        EXPECT_EQ(StatesOf(Editor, {"ModeOption(2)", "LinkScroll"}), (Texts{"on", scroll.after}));
     }
-    ClickCell(Editor, "DotImg(7)", Qt::RightButton);
-    EXPECT_EQ(CaptionOf(LinkEditor, "LinkNumBox"), "7");
+    RightClickOn(Editor, "DotImg(20)");
+    EXPECT_EQ(StateOf(LinkEditor, "LinkNumBox"), "20");
 }
 
 TEST_F(WorldFrmTest, FilesOpenAndSave) {
-    OpenWithWorld(20, 16);
+    OpenWorld(20, 16);
     AddLink(1, 1, MessageLink);
-    const std::string a = (folder / "a.fbwm").string();
-    const std::string b = (folder / "b.fbwm").string();
+    const std::string a = PathOf("a.fbwm");
+    const std::string b = PathOf("b.fbwm");
     ClickOn(Editor, "WTB(5)");
     EXPECT_TRUE(std::filesystem::is_empty(folder)) << "there is no path to save to";
     dialogs.files = {a, b};
     ClickOn(Editor, "WTB(6)");
     EXPECT_EQ(WorldPath, a);
-    EXPECT_EQ(CaptionOf(Editor, "FileNameBox"), "");
     WorldCurrentTile = 4;
-    ClickCell(Editor, Img(0, 0));
+    ClickOn(Editor, Img(0, 0));
     EXPECT_EQ(WorldChanged, True);
     ClickOn(Editor, "WTB(6)");
     EXPECT_EQ(WorldChanged, False);
-    ClickOn(Editor, Mode(3));
-    EXPECT_EQ(CaptionOf(Editor, "FileNameBox"), b);
+    SetMode(3);
+    EXPECT_EQ(StateOf(Editor, "FileNameBox"), b);
     dialogs.files = {a};
     ClickOn(Editor, "WTB(3)");
     for (const FileDialogSetup& setup : dialogs.fileDialogs) {
-        EXPECT_EQ(setup.filter, "*.fbwm|*.fbwm");
-        EXPECT_EQ(setup.folder, WorldMapsFolder);
+        EXPECT_EQ(setup.filter + setup.folder, "*.fbwm|*.fbwm" + WorldMapsFolder);
     }
     EXPECT_EQ(dialogs.fileDialogs.size(), 3U);
-    EXPECT_EQ(CaptionOf(Editor, "FileNameBox"), a);
-    EXPECT_TRUE(IsTicked(Editor, Mode(0)));
-    ShowsTile(0, 0, 9);
-    ClickOn(Editor, "WTB(5)");
+    EXPECT_EQ(StatesOf(Editor, {"FileNameBox", "ModeOption(0)"}), (Texts{a, "on"}));
+    EXPECT_EQ(TileAt(Editor, 0, 0), 9);
     EXPECT_NE(FileText(a), FileText(b));
     // Cancelling comes too late for the world.
-    ClickOn(Editor, Mode(3));
-    EXPECT_TRUE(IsShown(Editor, "DotImg(1)"));
+    SetMode(3);
+    EXPECT_EQ(StateOf(Editor, "DotImg(1)"), "shown");
     ClickOn(Editor, "FileNameBox");
     EXPECT_EQ(WorldLoaded, False);
     EXPECT_EQ(WorldPath, a);
     EXPECT_EQ(CellOf(Editor, Img(5, 5)).Shown(), CellOf(Editor, Img(0, 0)).Shown());
-    EXPECT_FALSE(IsShown(Editor, "DotImg(1)"));
-    EXPECT_FALSE(IsShown(Editor, "NukImg"));
-    EXPECT_TRUE(dialogs.messages.empty());
-}
-
-TEST_F(WorldFrmTest, AReadErrorComesBackAtEveryDrawing) {
-    OpenWithWorld();
-    WriteFile(folder / "bad.fbwm", "(floebird-worldmap (sizes))\n");
-    dialogs.files = {(folder / "bad.fbwm").string()};
+    EXPECT_EQ(StatesOf(Editor, {"DotImg(1)", "NukImg"}), Texts(2, "hidden"));
+    // An unreadable number ends the dialog silently, an error comes back at every drawing.
+    const std::string bad = Store("bad.fbwm", "(floebird-worldmap (tilemap (width many)))\n");
+    dialogs.files = {bad, Store("worse.fbwm", "(floebird-worldmap (sizes))\n")};
     ClickOn(Editor, "FileNameBox");
-    ASSERT_EQ(dialogs.messages.size(), 1U);
-    EXPECT_EQ(dialogs.messages[0], (Message{"Error # 4", "World Read Error", MessageButtons::Ok, MessageIcon::Stop}));
-    ScrollTo(Editor, "MapXScroll", 1);
-    EXPECT_EQ(dialogs.messages.size(), 2U);
-    ClickOn(Editor, Mode(2));
-    EXPECT_EQ(dialogs.messages.size(), 3U) << "the options are not deaf after an error";
-    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
-}
-
-TEST_F(WorldFrmTest, AnUnreadableNumberEndsTheDialogSilently) {
-    OpenWithWorld();
-    WriteFile(folder / "bad.fbwm", "(floebird-worldmap (tilemap (width many)))\n");
-    dialogs.files = {(folder / "bad.fbwm").string()};
-    ClickOn(Editor, "FileNameBox");
-    EXPECT_EQ(WorldPath, (folder / "bad.fbwm").string());
-    EXPECT_EQ(WorldLoaded, False);
+    EXPECT_EQ(WorldPath, bad);
     EXPECT_TRUE(dialogs.messages.empty());
+    ClickOn(Editor, "FileNameBox");
+    SetMode(2);
+    const Message error{"Error # 4", "World Read Error", MessageButtons::Ok, MessageIcon::Stop};
+    EXPECT_EQ(dialogs.messages, std::vector(2, error));
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
 }
 
 TEST_F(WorldFrmTest, ClosingAsksAboutChangesButAlwaysCloses) {
-    const struct {
-        int answer;
-        bool saved;
-    } cases[] = {{AnswerYes, true}, {AnswerNo, false}, {AnswerCancel, false}};
-    for (const auto& [answer, saved] : cases) {
-        SCOPED_TRACE(answer);
-        dialogs = {};
+    for (const auto& [answer, saved] : {std::pair(AnswerYes, true), {AnswerNo, false}, {AnswerCancel, false}}) {
+        Restart();
         dialogs.answers = {answer};
-        WorldPath = "";
-        OpenWithWorld();
-        WorldPath = (folder / (std::to_string(answer) + ".fbwm")).string();
+        OpenWorld();
+        WorldPath = PathOf("a.fbwm");
         WorldCurrentTile = 4;
-        ClickCell(Editor, Img(0, 0));
+        ClickOn(Editor, Img(0, 0));
         CloseScreen(Editor);
-        DeliverEvents();
         EXPECT_FALSE(IsOpen(Editor));
-        ASSERT_EQ(dialogs.messages.size(), 1U);
-        EXPECT_EQ(dialogs.messages[0], (Message{"Save World Map Changes?", "World Map Changed",
-                                                MessageButtons::YesNoCancel, MessageIcon::Question}));
+        EXPECT_EQ(dialogs.messages, (std::vector<Message>{{"Save World Map Changes?", "World Map Changed",
+                                                           MessageButtons::YesNoCancel, MessageIcon::Question}}));
         EXPECT_EQ(std::filesystem::exists(WorldPath), saved);
-        WorldChanged = False;
     }
 }
 
-/// What ends the program, and with which number.
-TEST_F(WorldFrmTest, ActionsThatAreFatal) {
-    const struct {
-        const char* what;
-        void (*prepare)();
-        void (*act)();
-        FaultNumber fault;
-    } cases[] = {
-        {"favorites behind the table", [] { ClickOn(Editor, Mode(1)); }, [] { ScrollTo(Editor, "TileScroll", 11); },
-         FaultNumber::SubscriptOutOfRange},
-        {"a palette cell behind the pictures", [] { ScrollTo(Editor, "TileScroll", 12); },
-         [] { ClickCell(Editor, "TileImg(28)"); }, FaultNumber::SubscriptOutOfRange},
-        {"an empty favorites entry", [] { ClickOn(Editor, Mode(1)); }, [] { ClickCell(Editor, "TileImg(0)"); },
-         FaultNumber::SubscriptOutOfRange},
-        {"picking an empty cell", [] { WorldRecord.tiles(1, 1) = 0; },
-         [] { ClickCell(Editor, Img(1, 1), Qt::RightButton); }, FaultNumber::SubscriptOutOfRange},
-        {"a tile without a picture", [] { WorldRecord.tiles(17, 14) = 77; }, [] { ClickOn(Editor, Mode(3)); },
-         FaultNumber::SubscriptOutOfRange},
-        {"a 64th link",
-         [] {
-             for (int n = 1; n <= 64; ++n) {
-                 AddLink(30, 20, LevelLink);
-             }
-         },
-         [] { ClickOn(Editor, Mode(2)); }, FaultNumber::SubscriptOutOfRange},
-        {"drawing behind the tiles", [] { WorldRecord.width = 41; }, [] { ScrollTo(Editor, "MapXScroll", 22); }, {}},
-        {"drawing further behind the tiles",
-         [] {
-             WorldRecord.width = 42;
-             UpdateWorld();
-         },
-         [] { ScrollTo(Editor, "MapXScroll", 24); }, FaultNumber::SubscriptOutOfRange},
-        {"saving more than the tiles", [] { WorldRecord.height = 32; }, [] { ClickOn(Editor, "WTB(5)"); },
-         FaultNumber::SubscriptOutOfRange},
-        {"a link type out of the table",
-         [] {
-             AddLink(1, 1, 6);
-             ClickOn(Editor, Mode(3));
-         },
-         [] { ClickOn(Editor, Mode(2)); }, FaultNumber::SubscriptOutOfRange},
+TEST_F(WorldFrmTest, LinkTypesEnableTheirFields) {
+    const Texts fields{"MessageBox", "NameBox",      "ExtroBox",        "DestXBox",
+                       "DestYBox",   "ApplyUpCheck", "ApplyRightCheck", "XBox"};
+    const std::pair<const char*, const char*> types[] = {
+        {"Level Link", "-NE----X"}, {"Message", "M----URX"}, {"Teleport", "M--XY--X"}, {"Invisible", "M--XY--X"}};
+    const WorldLink& link = OpenLink(LevelLink);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(AskForType([&] { ClickOn(Picker, Member("TypeBox", i)); }), types[i].first);
+        for (std::size_t field = 0; field < fields.size(); ++field) {
+            EXPECT_EQ(ControlOf<QWidget>(LinkEditor, fields[field]).isEnabled(), types[i].second[field] != '-')
+                << types[i].first << " " << fields[field];
+        }
+    }
+    EXPECT_EQ(AskForType([] { ClickOn(Picker, "CancelCmd"); }), "Invisible");
+    EXPECT_EQ(AskForType([] { CloseScreen(Picker); }), "Invisible");
+    // While the picker is open its asker is alive: it may ask once more, and it may be closed.
+    EXPECT_EQ(AskForType([] { AskForType([] { ClickOn(Picker, "TypeBox(1)"); }); }), "Message");
+    EXPECT_EQ(link.type, LevelLink) << "only OK writes back";
+    AskForType([] {
+        CloseScreen(LinkEditor);
+        EXPECT_TRUE(WindowOf(Editor).takesInput);
+        ClickOn(Editor, "LinkTypeBox(0)");
+        AskForType([] { ClickOn(Picker, "TypeBox(2)"); });
+    });
+    ClickOn(LinkEditor, "OKCmd");
+    EXPECT_EQ(link.type, TeleportLink);
+    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+}
+
+TEST_F(WorldFrmTest, LinkEditsReachTheListThroughOk) {
+    const WorldLink& link = OpenLink(MessageLink);
+    const auto fill = [](const char* x) {
+        TypeInto(LinkEditor, "MessageBox", "Mind the gap");
+        TypeInto(LinkEditor, "CommentBox", "; note");
+        TypeInto(LinkEditor, "XBox", x);
+        TypeInto(LinkEditor, "YBox", "34");
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.what);
-        SetUp();
-        OpenWithWorld();
-        row.prepare();
-        ASSERT_EQ(dialogs.fatalFault, std::nullopt);
-        row.act();
-        EXPECT_EQ(dialogs.fatalFault.value_or(FaultNumber{}), row.fault);
-        TearDown();
+    WorldChanged = False;
+    fill("9");
+    ClickOn(LinkEditor, "CancelCmd");
+    DeliverEvents();
+    EXPECT_EQ(link.message, "");
+    EXPECT_EQ(WorldChanged, True);
+    ClickOn(Editor, "LinkTypeBox(0)");
+    fill("1x2-");
+    ClickOn(LinkEditor, "OKCmd");
+    EXPECT_EQ(link.message + link.comment, "Mind the gap; note");
+    EXPECT_EQ(link.x * 100 + link.y, 1234);
+    EXPECT_FALSE(IsOpen(LinkEditor));
+}
+
+TEST_F(WorldFrmTest, LinkFlagsAreSwitchedOffOrLeft) {
+    WorldLink& link = OpenLink(MessageLink);
+    ClickOn(LinkEditor, "CancelCmd");
+    DeliverEvents();
+    link.apply_action_left = "F";
+    link.apply_action_right = "t";
+    link.apply_action_down = "f";
+    ClickOn(Editor, "LinkTypeBox(0)");
+    EXPECT_EQ(StatesOf(LinkEditor, {"ApplyLeftCheck", "ApplyRightCheck", "ApplyUpCheck", "ApplyDownCheck"}),
+              (Texts{"off", "on", "on", "off"}));
+    ClickOn(LinkEditor, "ApplyUpCheck");
+    ClickOn(LinkEditor, "ApplyDownCheck");
+    ClickOn(LinkEditor, "OKCmd");
+    EXPECT_EQ((Texts{link.apply_action_left, link.apply_action_right, link.apply_action_up, link.apply_action_down}),
+              (Texts{"F", "t", "f", ""}));
+}
+
+TEST_F(WorldFrmTest, DeletingMovesLaterLinksDown) {
+    OpenWorld();
+    for (int n = 1; n <= 3; ++n) {
+        AddLink(n, n, MessageLink);
+    }
+    SetMode(2);
+    for (const int row : {1, 1}) {  // a middle one, then the last
+        ClickOn(Editor, Member("LinkNumBox", row));
+        ClickOn(LinkEditor, "DelCmd");
+        DeliverEvents();
+    }
+    EXPECT_EQ(WorldRecord.LinkCount, 1);
+    EXPECT_EQ(WorldRecord.levels[1].x, 1);
+    EXPECT_EQ(CurrentLink, 2);
+    EXPECT_EQ(StatesOf(Editor, {"LinkIndImg(1)", "DotImg(2)"}), Texts(2, "hidden"));
+}
+
+TEST_F(WorldFrmTest, LinkFilesAreChosenByDialogs) {
+    UserLevelsFolder = "/game/.floebird/levels";
+    const std::pair<const char*, const char*> names[] = {
+        {"/game/.floebird/levels\\mine\\level1.fbl", "mine/level1.fbl"},
+        {"/game/data/levels/world1/level1.fbl", "1/level1.fbl"},
+        {"/game/.floebird/levels/", ""},
+        {"/game/x.fbl", ""}};
+    for (const auto& [path, name] : names) {
+        EXPECT_EQ(GetLevelLinkName(path), name) << path;
+    }
+    const WorldLink& link = OpenLink(LevelLink);
+    const std::string extro = "/game/data/levels/texts\\end.txt";
+    dialogs.files = {UserLevelsFolder + "/set/a.fbl", extro, "/x.fbl"};
+    ClickOn(LinkEditor, "NameBox");
+    ClickOn(LinkEditor, "ExtroBox");
+    EXPECT_EQ(StatesOf(LinkEditor, {"NameBox", "ExtroBox"}), (Texts{"set/a.fbl", extro}));
+    LevelPath = "/sets/one/level.fbl";
+    ClickOn(LinkEditor, "NameBox");   // too short a path clears the name
+    ClickOn(LinkEditor, "ExtroBox");  // cancelled
+    ClickOn(LinkEditor, "OKCmd");
+    EXPECT_EQ(link.name + link.extro_filename, extro);
+    const FileDialogSetup expected[] = {{"*.fbl|*.fbl", UserLevelsFolder, ""},
+                                        {"*.txt|*.txt", LevelsFolder, ""},
+                                        {"*.fbl|*.fbl", "/sets/one/level.fbl", ""},
+                                        {"*.txt|*.txt", LevelsFolder, extro}};
+    ASSERT_EQ(dialogs.fileDialogs.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        const FileDialogSetup& setup = dialogs.fileDialogs[i];
+        EXPECT_EQ((Texts{setup.filter, setup.folder, setup.proposedName}),
+                  (Texts{expected[i].filter, expected[i].folder, expected[i].proposedName}));
     }
 }
 
-TEST_F(WorldFrmTest, ABadSavedWorldIsFatalAtOpening) {
-    WriteFile(folder / "bad.fbwm", "(floebird-worldmap (tilemap (width many)))\n");
-    WorldPath = (folder / "bad.fbwm").string();
-    LoadMainFrm();
-    ShowMainFrm();
-    ClickOn("MainFrm", "TB(13)");
-    EXPECT_EQ(dialogs.fatalFault, FaultNumber::TypeMismatch);
+TEST_F(WorldFrmTest, ANewWorldIsMadeWhenItsPropertiesClose) {
+    for (const char* closing : {"OKCmd", "close box"}) {
+        SCOPED_TRACE(closing);
+        Restart();
+        OpenWorld();
+        dialogs.answers = {AnswerNo, AnswerYes};
+        ClickOn(Editor, "WTB(1)");
+        EXPECT_EQ(WorldLoaded, True);
+        ClickOn(Editor, "WTB(1)");
+        const Message question{"Do you wish to create a new world?", "Floebird New World Creation",
+                               MessageButtons::YesNo, MessageIcon::Question};
+        EXPECT_EQ(dialogs.messages, std::vector(2, question));
+        EXPECT_FALSE(WindowOf(Editor).takesInput);
+        EXPECT_EQ(StatesOf(Properties, {"WidthBox", "HeightBox"}), (Texts{"19", "16"}));
+        ScrollTo(Properties, "XScroll", 512);
+        EXPECT_EQ(StateOf(Properties, "WidthBox"), "512");
+        EXPECT_EQ(WorldLoaded, False);
+        closing[0] == 'O' ? ClickOn(Properties, closing) : CloseScreen(Properties);
+        EXPECT_EQ(WorldLoaded, True);
+        EXPECT_EQ(NewWorldPending, False);
+        EXPECT_TRUE(WindowOf(Editor).takesInput);
+        EXPECT_EQ(WorldRecord.tiles.Columns() * 100 + WorldRecord.tiles.Rows(), 51317);
+        EXPECT_EQ(TileAt(Editor, 17, 14), 9);
+        EXPECT_EQ(StateOf(Editor, "MapXScroll"), "0 of 494");
+    }
+}
+
+TEST_F(WorldFrmTest, SizesHaveTheirLimits) {
+    OpenWorld();
+    ClickOn(Editor, "WTB(8)");
+    const struct {
+        const char *box, *text;
+        bool taken;
+    } cases[] = {{"WidthBox", "18", false},   {"WidthBox", "19", true},    {"WidthBox", "1023", true},
+                 {"WidthBox", "1024", false}, {"HeightBox", "15", false},  {"HeightBox", "16", true},
+                 {"HeightBox", "256", true},  {"HeightBox", "257", false}, {"WidthBox", "120", true},
+                 {"HeightBox", "30", true}};
+    for (const auto& [box, text, taken] : cases) {
+        SCOPED_TRACE(std::string(box) + " " + text);
+        const bool width = box[0] == 'W';
+        dialogs.messages.clear();
+        TypeInto(Properties, box, text);
+        EXPECT_EQ((width ? WorldRecord.width : WorldRecord.height) == std::stoi(text), taken);
+        ASSERT_FALSE(dialogs.messages.empty()) << "the first digit alone is refused";
+        const std::string what = width ? "World Map Width" : "World Map Height";
+        EXPECT_EQ(dialogs.messages.back(), (Message{what + "\r\nMust be between 19 and 1023", what + " Error",
+                                                    MessageButtons::Ok, MessageIcon::Stop}));
+    }
+    EXPECT_EQ(StateOf(Properties, "XScroll").substr(0, 3), "40 ") << "the bar waits for the next refresh";
+    TypeInto(Properties, "HeightBox", "9");
+    PressKey(Properties, "HeightBox", Qt::Key_Return);
+    EXPECT_EQ(StateOf(Properties, "HeightBox"), "30");
+    EXPECT_EQ(StateOf(Properties, "XScroll").substr(0, 4), "120 ");
+    EXPECT_EQ(WorldRecord.tiles.Columns(), 41) << "the tiles stay as they were";
+}
+
+TEST_F(WorldFrmTest, PropertiesReachTheRecordAtOnce) {
+    OpenWorld();
+    ClickOn(Editor, "WTB(8)");
+    TypeInto(Properties, "NameBox", "Bay");
+    TypeInto(Properties, "CommentBox", ";; mine");
+    TypeInto(Properties, "StartXBox", "70");
+    TypeInto(Properties, "StartYBox", "-5");  // a minus sign is no key of these boxes
+    EXPECT_EQ(WorldRecord.name + WorldRecord.comments[0], "Bay;; mine");
+    EXPECT_EQ(WorldRecord.start_pos_x * 100 + WorldRecord.start_pos_y, 7005);
+    dialogs.files = {PathOf("SONG.MOD"), "else.fbwm"};
+    for (const char* box : {"MusicBox", "FNBox", "MusicBox"}) {  // at last cancelled
+        ClickOn(Properties, box);
+    }
+    EXPECT_EQ(StateOf(Properties, "MusicBox"), "SONG.MOD");
+    EXPECT_EQ(WorldRecord.music + WorldPath, "SONG.MOD");
+    ASSERT_EQ(dialogs.fileDialogs.size(), 3U);
+    EXPECT_EQ(dialogs.fileDialogs[0].folder + dialogs.fileDialogs[0].proposedName, MusicFolder + "SALCON.MOD");
+    EXPECT_EQ(dialogs.fileDialogs[1].folder, WorldMapsFolder);
 }
 
 }  // namespace

@@ -1,0 +1,219 @@
+#include <algorithm>
+
+#include "level/InfoFile.h"
+#include "level/LevelReader.h"
+#include "level/LevelWriter.h"
+#include "platform/Files.h"
+#include "tests/ModelTest.h"
+
+// Level files and INFO files, read and written.
+
+namespace {
+
+class LevelFilesTest : public ModelTest {
+protected:
+    /// Reads a level file of these bytes, as the program does.
+    void ReadLevel(const std::string& bytes) {
+        LevelRecord.ResetPointCount = 0;
+        LevelRecord.BadGuyCount = 0;
+        ReadLevelFile(Store("level.fbl", bytes));
+    }
+
+    /// Where two texts begin to differ; empty if they are equal to the byte.
+    static std::string FirstDifference(const std::string& written, const std::string& expected) {
+        const auto at = std::mismatch(written.begin(), written.end(), expected.begin(), expected.end());
+        const auto offset = static_cast<std::size_t>(at.first - written.begin());
+        const std::size_t from = offset - std::min<std::size_t>(offset, 40);
+        return written == expected ? "" : written.substr(from, 80) + "\n-- not --\n" + expected.substr(from, 80);
+    }
+
+    /// A body of these lines, with DOS line ends, which need no least length.
+    static std::string Body(const std::string& lines) { return ";c\r\n(floebird-level\r\n" + lines; }
+};
+
+/// Each case: a file as it may come, and what the program makes of it once it has read and written it.
+TEST_F(LevelFilesTest, GoldenFolders) {
+    int cases = 0;
+    for (const auto& golden : std::filesystem::directory_iterator(GOLDEN_FOLDER)) {
+        if (golden.path().filename().string().starts_with("level-")) {
+            SCOPED_TRACE(golden.path());
+            ++cases;
+            LevelRecord = {};
+            ReadLevel(FileText(golden.path() / "input.fbl"));
+            EXPECT_TRUE(dialogs.messages.empty());
+            EXPECT_EQ(LevelLoaded, True);
+            WriteLevelFile(PathOf("written.fbl"));
+            const std::string written = FileText(PathOf("written.fbl"));
+            EXPECT_EQ(FirstDifference(written, FileText(golden.path() / "expected.fbl")), "");
+        }
+    }
+    EXPECT_GE(cases, 10);
+}
+
+TEST_F(LevelFilesTest, EveryFailureGivesTheSameMessage) {
+    const std::string cases[] = {
+        "",                        // past the end at the first line
+        Body("(time 32768)\r\n"),  // too large
+        Body("(gravity)\r\n"),     // no number
+        Body("(gravity 1.2.3)\r\n"),
+        Body("(width 20)\r\n(background-tm 1 )\r\n"),  // maps that were never made
+        Body("(width 21)\r\n(background-tm 32768 )\r\n"),
+        Body("(objects\r\n(fish (x 40000) (y 1) (f #f))\r\n"),
+        Body("(time " + std::string(32768, ' ') + "1)\r\n"),  // a line longer than a position may be
+    };
+    const Message failed{"File Specified Not Found!\r\nPlease choose another file.", "NUK File Read Error",
+                         MessageButtons::Ok, MessageIcon::Stop};
+    for (const std::string& bytes : cases) {
+        LevelRecord = {};
+        dialogs = {};
+        ReadLevel(bytes);
+        EXPECT_EQ(dialogs.messages, std::vector{failed}) << bytes;
+        EXPECT_EQ(LevelLoaded, False) << bytes;
+        EXPECT_EQ(LevelPath, PathOf("level.fbl"));
+    }
+    ReadLevelFile(PathOf("missing.fbl"));
+    ReadLevelFile(folder.string());
+    EXPECT_EQ(dialogs.messages, std::vector(3, failed));
+    EXPECT_EQ(FreeFileNumber(), static_cast<int>(std::size(cases)) + 1) << "failed reads keep their numbers";
+}
+
+TEST_F(LevelFilesTest, WhatAFileDoesNotNameStays) {
+    LevelRecord.theme = "antarctica";
+    LevelRecord.EndComment = ";; kept";
+    LevelRecord.background_tm = TileMap(30, 15);
+    LevelRecord.background_tm(30, 15) = 7;
+    ReadLevel(Body("(width 20)\r\n(height 20)\r\n"));
+    EXPECT_EQ(LevelRecord.theme + LevelRecord.EndComment, "antarctica;; kept");
+    EXPECT_EQ(LevelRecord.background_tm(30, 15), 7);
+    ReadLevel(Body("(width 21)\r\n(height 20)\r\n"));
+    EXPECT_EQ(LevelRecord.background_tm, TileMap(21, 15));
+    EXPECT_EQ(doubles.mapXScrollMax, 3);
+    // And what comes before a fault has been stored.
+    ReadLevel(Body("(name \"New\")\r\n(reset-points\r\n(point (x 1) (y 2))\r\n)\r\n(time 99999)\r\n(music \"m\")\r\n"));
+    EXPECT_EQ(LevelRecord.name + LevelRecord.music, "New");
+    EXPECT_EQ(LevelRecord.ResetPointCount, 1);
+}
+
+TEST_F(LevelFilesTest, NewEntriesAreNew) {
+    ReadLevel(Body("(objects\r\n(fish (x 320) (y 64) (stay-on-platform #t))\r\n)\r\n"));
+    EXPECT_EQ(LevelRecord.objects[1], (BadGuy{9, "fish", 320, 64, 1}));
+    EXPECT_EQ(BadGuyTypeTable[9].CountInUse, 1);
+    ReadLevel(Body("(objects\r\n(other\r\n(second (z\r\n"));
+    EXPECT_EQ(LevelRecord.BadGuyCount, 2);
+    EXPECT_EQ(LevelRecord.objects[1], (BadGuy{0, "", 0, 0, 0}));
+    EXPECT_EQ(LevelRecord.objects[2], (BadGuy{0, "second", 0, 0, 0}));
+    EXPECT_EQ(BadGuyTypeTable[9].CountInUse, 0);
+}
+
+TEST_F(LevelFilesTest, ThresholdOfLfMode) {
+    const std::string rest = "\n(floebird-level\n(time 6)\n)\n";
+    ReadLevel(";" + std::string(256 - 1 - rest.size(), 'c') + rest);
+    EXPECT_EQ(LevelRecord.time, 0);
+    ReadLevel(";" + std::string(257 - 1 - rest.size(), 'c') + rest);
+    EXPECT_EQ(LevelRecord.time, 6);
+    EXPECT_EQ(LevelRecord.LevelComment.size(), 257 - rest.size());
+}
+
+TEST_F(LevelFilesTest, LineEndTexts) {
+    UseDosLineEnds();
+    EXPECT_EQ(CloseCloseQuoteLine + CloseQuoteLine, "\"))\r\n\")\r\n");
+    UseUnixLineEnds();
+    EXPECT_EQ(NL + CloseLine + CloseCloseLine + CloseQuoteLine + CloseCloseQuoteLine, "\n)\n))\n\")\n\"))\r\n");
+}
+
+TEST_F(LevelFilesTest, CommentsAreNormalisedInTheRecordToo) {
+    const struct {
+        const char *comment, *stored, *written;
+    } first[] = {{"  ", "", ";Floebird-Level"}, {" a ", "; a", "; a"}, {";;b", ";;b", ";;b"}};
+    for (const auto& [comment, stored, written] : first) {
+        LevelRecord.LevelComment = comment;
+        BuildLevelText();
+        EXPECT_EQ(LevelRecord.LevelComment, stored);
+        EXPECT_TRUE(LevelText.starts_with(written + std::string("\r\n(floebird-level\r\n"))) << LevelText;
+    }
+    const std::pair<std::string, std::string> last[] = {
+        {" ", ""}, {"end", ";; end\r\n"}, {";end", ";; ;end\r\n"}, {" ;;end ", ";;end\r\n"}};
+    for (const auto& [comment, written] : last) {
+        LevelRecord.EndComment = comment;
+        BuildLevelText();
+        EXPECT_EQ(LevelRecord.EndComment, written.substr(0, written.find('\r')));
+        EXPECT_TRUE(LevelText.ends_with(")\r\n)\r\n" + written)) << LevelText;
+    }
+}
+
+/// What no file can bring into the record, and what a reload makes of it.
+TEST_F(LevelFilesTest, NegativeNumbersAndFloats) {
+    LevelRecord.width = 1;
+    LevelRecord.height = -15;
+    LevelRecord.background_tm = LevelRecord.interactive_tm = LevelRecord.foreground_tm = TileMap(1, 15);
+    LevelRecord.interactive_tm(0, 0) = -32768;
+    LevelRecord.start_pos_x = -5;
+    LevelRecord.gravity = -1.0 / 3.0;
+    LevelRecord.bkgd_speed = 1E20;
+    LevelRecord.version = "1.2 beta";
+    LevelRecord.objects.Resize(1);
+    LevelRecord.objects[1] = {0, "a b", -1, 2, 7};
+    LevelRecord.BadGuyCount = 1;
+    UseUnixLineEnds();
+    WriteLevelFile(PathOf("level.fbl"));
+    for (const char* lines : {"  (version 1.2 beta)\n", "  (width  1)\n  (start_pos_x -5)\n",
+                              "  (gravity -0.333333333333333)\n", "  (bkgd_speed 1E+20)\n", "  (back_scrolling #)\n",
+                              "  (interactive-tm  -32768 \n0 \n", "\n(a b (x -1) (y 2) (stay-on-platform #f))\n"}) {
+        EXPECT_NE(LevelText.find(lines), std::string::npos) << lines;
+    }
+    EXPECT_EQ(LevelText.find("(height"), std::string::npos);
+    ReadLevelFile(PathOf("level.fbl"));
+    EXPECT_EQ(LevelRecord.version + LevelRecord.back_scrolling, "12)");
+    EXPECT_EQ(LevelRecord.bkgd_speed, 120.0);
+}
+
+TEST_F(LevelFilesTest, NothingIsWrittenWithoutAPathOrMaps) {
+    WriteLevelFile("  ");
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    // The fault of composing comes before the old file is touched.
+    const std::string path = Store("level.fbl", "old");
+    LevelRecord.width = 5;
+    EXPECT_EQ(FaultOf([&] { WriteLevelFile(path); }), FaultNumber::SubscriptOutOfRange);
+    EXPECT_EQ(FileText(path), "old");
+    WriteLevelFile("");
+    LevelRecord.width = 0;
+    WriteLevelFile(PathOf("no/folder/level.fbl"));
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(LevelFilesTest, InfoFilesReadAsTheyAreWritten) {
+    for (const auto& [comment, line] :
+         {std::pair(";; kept", ";; kept"), {" ", ";Generated by Quillhare's FB_Editor"}}) {
+        CurrentInfo = {comment, "A title", "And (more"};
+        WriteInfoFile(PathOf("info"));
+        EXPECT_EQ(
+            FileText(PathOf("info")),
+            std::string(line) + "\n(floebird-level-subset\n  (title \"A title\")\n  (description \"And (more\")\n)\n");
+        CurrentInfo = {};
+        ReadInfoFile(PathOf("level1.fbl"));
+        EXPECT_EQ(CurrentInfo, (InfoRecord{line, "A title", "And (more"}));
+    }
+}
+
+TEST_F(LevelFilesTest, OddInfoFiles) {
+    const std::pair<std::string, InfoRecord> cases[] = {
+        {";c\r\n (TITLE \"A) cut\")\r\nnoise\r\n(DescriptionS \"d\")\r\n)\r\n;behind\r\n(title \"B\")\r\n",
+         {";c", "A", "d"}},
+        // 40 characters are one line still, 41 are a file with LF line ends.
+        {";" + std::string(24, 'c') + "\n(title \"T\")\n\n)",
+         {";" + std::string(24, 'c') + "\n(title \"T\")\n\n)", "", ""}},
+        {";" + std::string(25, 'c') + "\n(title \"T\")\n)\n", {";" + std::string(25, 'c'), "T", ""}},
+        {"", {}},
+    };
+    for (const auto& [bytes, info] : cases) {
+        CurrentInfo = {};
+        ReadInfoFile(Store("info", bytes));
+        EXPECT_EQ(CurrentInfo, info);
+    }
+    ReadInfoFile("/nowhere/level1.fbl");
+    WriteInfoFile("/nowhere/info");
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_EQ(FreeFileNumber(), FirstFileNumber) << "every file is closed";
+}
+
+}  // namespace

@@ -1,0 +1,141 @@
+#include "core/General.h"
+#include "platform/Conversions.h"
+#include "platform/Files.h"
+#include "platform/Int16.h"
+#include "platform/Texts.h"
+#include "tests/ModelTest.h"
+
+// The half of the platform layer that needs no toolkit: numbers, texts, files, paths.
+
+namespace {
+
+TEST(Int16Test, ArithmeticFaultsInsteadOfWrapping) {
+    EXPECT_EQ(FaultOf([] { return Int16(32767) + 1; }), FaultNumber::Overflow);
+    EXPECT_EQ(FaultOf([] { return Int16(-32768) - 1; }), FaultNumber::Overflow);
+    // Also where the end of the expression would fit again.
+    EXPECT_EQ(FaultOf([] { return Int16(1024) * 32 - 1; }), FaultNumber::Overflow);
+    EXPECT_EQ(Int16(1023) * 32 + 31, 32767);
+}
+
+TEST(ConversionsTest, TextToInt16) {
+    const std::pair<const char*, int> good[] = {{" 12 ", 12},  {"-32768", -32768}, {"+7", 7},         {"2.5", 2},
+                                                {"3.5", 4},    {"-2.5", -2},       {"1E3", 1000},     {".5", 0},
+                                                {"1.5e1", 15}, {"1E-400", 0},      {"32767.4", 32767}};
+    for (const auto& [text, number] : good) {
+        EXPECT_EQ(TextToInt16(text), number) << text;
+    }
+    for (const char* text : {"", " ", "-", "x", "1x", "1 2", ".", "1.2.3", "E3", "0x10", "1E", "\t1"}) {
+        EXPECT_EQ(FaultOf([&] { return TextToInt16(text); }), FaultNumber::TypeMismatch) << text;
+    }
+    for (const char* text : {"32768", "-32769", "32767.5", "1E999"}) {
+        EXPECT_EQ(FaultOf([&] { return TextToInt16(text); }), FaultNumber::Overflow) << text;
+    }
+}
+
+TEST(ConversionsTest, FloatsAndLeadingNumbers) {
+    EXPECT_EQ(TextToDouble("10."), 10.0);
+    EXPECT_EQ(TextToDouble("-1.25E2"), -125.0);
+    for (const std::string& text : {std::string("."), std::string(), std::string("1,5"), std::string(400, '9')}) {
+        EXPECT_EQ(FaultOf([&] { return TextToDouble(text); }), FaultNumber::TypeMismatch) << text;
+    }
+    EXPECT_EQ(LeadingNumber("  1 2x3"), 12.0);
+    EXPECT_EQ(LeadingNumber("tiles"), 0.0);
+    const std::pair<double, const char*> texts[] = {{8.0, "8"},
+                                                    {0.1, "0.1"},
+                                                    {1E20, "1E+20"},
+                                                    {1.0 / 3.0, "0.333333333333333"},
+                                                    {123456789012345.0, "123456789012345"},
+                                                    {-0.0, "0"}};
+    for (const auto& [number, text] : texts) {
+        EXPECT_EQ(DoubleToText(number), text);
+    }
+    EXPECT_EQ(SingleToText(32.0F + 1.0F / 15.0F), "32.06667");
+}
+
+TEST(TextsTest, TrimTakesBlanksOnly) {
+    EXPECT_EQ(Trim("  a b\t "), "a b\t");
+    EXPECT_TRUE(IsBlank(" "));
+    EXPECT_FALSE(IsBlank("\t"));
+    EXPECT_EQ(UpperCase("a\xE9z"), "A\xE9Z");
+    EXPECT_EQ(CharAt("ab", 2), 'b');
+    EXPECT_EQ(CharAt("ab", 3), Beyond);
+    EXPECT_EQ(CharAt("ab", 0), Beyond);
+}
+
+using FilesTest = ModelTest;
+
+TEST_F(FilesTest, LinesEndAtCarriageReturns) {
+    using namespace std::string_literals;
+    const std::pair<std::string, Texts> cases[] = {{"", {}},
+                                                   {"a", {"a"}},
+                                                   {"a\r", {"a"}},
+                                                   {"a\r\n", {"a"}},
+                                                   {"a\n", {"a\n"}},
+                                                   {"a\rb\r\nc", {"a", "b", "c"}},
+                                                   {"a\nb\r\r\n\nc", {"a\nb", "", "\nc"}},
+                                                   {"\0\xFF\x1A\r\n\0"s, {"\0\xFF\x1A"s, "\0"s}}};
+    for (const auto& [bytes, lines] : cases) {
+        OpenForInput(1, Store("lines", bytes));
+        Texts found;
+        while (!AtEndOfFile(1)) {
+            found.push_back(LineInput(1));
+        }
+        EXPECT_EQ(found, lines);
+        EXPECT_EQ(FaultOf([] { return LineInput(1); }), FaultNumber::InputPastEndOfFile);
+        CloseFile(1);
+    }
+}
+
+TEST_F(FilesTest, Faults) {
+    EXPECT_EQ(FaultOf([&] { OpenForInput(1, PathOf("missing")); }), FaultNumber::FileNotFound);
+    EXPECT_EQ(FaultOf([&] { OpenForInput(1, folder.string()); }), FaultNumber::PathFileAccessError);
+    EXPECT_EQ(FaultOf([&] { OpenForInput(1, ""); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(FaultOf([&] { OpenForBinary(1, PathOf("no/such/folder")); }), FaultNumber::PathNotFound);
+    EXPECT_EQ(FaultOf([] { return LineInput(7); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(FaultOf([] { return LineInput(512); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(FaultOf([&] { DeleteExistingFile(PathOf("gone")); }), FaultNumber::FileNotFound);
+    DeleteFileQuietly(PathOf("gone"));
+}
+
+TEST_F(FilesTest, NumbersComeFromATableOf511) {
+    const std::string path = Store("file", "x");
+    for (int number = 1; number <= 511; ++number) {
+        ASSERT_EQ(FreeFileNumber(), number);
+        OpenForInput(number, path);
+    }
+    EXPECT_EQ(FaultOf([] { return FreeFileNumber(); }), FaultNumber::TooManyFiles);
+    CloseFile(200);
+    EXPECT_EQ(FreeFileNumber(), 200);
+}
+
+TEST_F(FilesTest, QueriesGiveFilesByTheirExactName) {
+    EXPECT_EQ(QueryFile(Store("info", "")), "info");
+    for (const std::string& path : {PathOf("Info"), folder.string(), std::string()}) {
+        EXPECT_EQ(QueryFile(path), "") << path;
+    }
+    DeleteFileQuietly(PathOf("info"));
+    EXPECT_EQ(QueryFile(PathOf("info")), "");
+}
+
+TEST(GeneralTest, PathsKnowBothSeparators) {
+    EXPECT_EQ(FolderOf("C:\\a\\b.fbl"), "C:\\a\\");
+    EXPECT_EQ(FolderOf("/a/b.fbl"), "/a/");
+    EXPECT_EQ(FolderOf("b.fbl"), "");
+    EXPECT_EQ(FileNameOf("a\\b/c\\d"), "d");
+    EXPECT_EQ(FileNameOf("b.fbl"), "b.fbl");
+    EXPECT_EQ(JoinPath("/a", "b"), "/a/b");
+    EXPECT_EQ(JoinPath("/a/", "b"), "/a/b");
+}
+
+TEST(GeneralTest, LogonNames) {
+    const std::pair<const char*, const char*> cases[] = {{"john.doe", "JOHN"},
+                                                         {"eightchr", "EIGHTCHR"},
+                                                         {"ninechars", ""},
+                                                         {"", ""},
+                                                         {"a-very-long-name-of-25-char", ""}};
+    for (const auto& [name, logonName] : cases) {
+        EXPECT_EQ(LogonNameFor(name), logonName + std::string(16 - std::string(logonName).size(), ' ')) << name;
+    }
+}
+
+}  // namespace
