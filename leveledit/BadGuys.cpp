@@ -77,8 +77,8 @@ void MainFrm::UpdateUsedList() {
     TotalBGUBox.SetCaption(std::to_string(LevelRecord.BadGuyCount) + " ");
     for (int row = 0; row < UsedRows; ++row) {
         const int entry = BGUScroll.Value() + row;
-        Element(BGIndImg, row).SetVisible(entry == SelectedBadGuy);
         const bool used = entry <= LevelRecord.BadGuyCount && LevelLoaded != False;
+        Element(BGIndImg, row).SetVisible(used && entry == SelectedBadGuy);
         if (used) {
             FillUsedRow(row, entry);
         }
