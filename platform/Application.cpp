@@ -56,5 +56,7 @@ int RunApplication(int argc, char** argv, const std::function<void()>& start) {
     PrepareToolkit();
     QGuiApplication::setWindowIcon(QIcon(*FixedPicture("ProgramIcon").Pixmap()));
     RunHandler(start);
-    return AnyScreenLoaded() ? QApplication::exec() : EXIT_SUCCESS;
+    const int status = AnyScreenLoaded() ? QApplication::exec() : EXIT_SUCCESS;
+    DestroyClosedScreens();
+    return status;
 }

@@ -17,5 +17,8 @@ void ScreenClosed(Screen& screen);
 /// Destroys `object` once no handler runs any more: one that waits in a yield may still use it.
 void DestroyWhenIdle(std::shared_ptr<void> object);
 
+/// Destroys what waits for that, unless a handler runs. To be called before the toolkit goes, too.
+void DestroyClosedScreens();
+
 /// Makes disabled screens deaf. Once, at start.
 void WatchInput();

@@ -57,12 +57,6 @@ void ShowSlowScreens(Clock::time_point now) {
     }
 }
 
-void DestroyRetired() {
-    if (runningHandlers == 0) {
-        retired.clear();
-    }
-}
-
 bool IsInput(QEvent::Type type) {
     switch (type) {
         case QEvent::MouseButtonPress:
@@ -151,7 +145,13 @@ void DestroyWhenIdle(std::shared_ptr<void> object) {
     retired.push_back(std::move(object));
     // Not at once: the handler that closed the screen belongs to it. A handler that still waits then leaves
     // the object to the next closing, or to the end of the process.
-    QTimer::singleShot(0, qApp, DestroyRetired);
+    QTimer::singleShot(0, qApp, DestroyClosedScreens);
+}
+
+void DestroyClosedScreens() {
+    if (runningHandlers == 0) {
+        retired.clear();
+    }
 }
 
 void WatchInput() { qApp->installEventFilter(new InputFilter(qApp)); }

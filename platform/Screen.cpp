@@ -12,7 +12,11 @@
 #include "platform/TextCoding.h"
 
 Screen::Screen() = default;
-Screen::~Screen() = default;
+Screen::~Screen() {
+    if (loaded_) {
+        ScreenClosed(*this);
+    }
+}
 
 void Screen::Create(const std::string& name, const std::string& title, int width, int height) {
     window_ = std::make_unique<Surface>([this] { Close(); });

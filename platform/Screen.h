@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/Container.h"
+#include "platform/Fault.h"
 #include "platform/Int16.h"
 #include "platform/Pictures.h"
 
@@ -93,7 +94,12 @@ public:
             form_ = std::make_shared<Form>();
             const std::shared_ptr<Form> loading = form_;
             loading->Window.SetRetire([this] { return std::shared_ptr<void>(std::move(form_)); });
-            loading->Load();
+            try {
+                loading->Load();
+            } catch (const Fault&) {
+                form_.reset();  // what is half made is of no use to anybody
+                throw;
+            }
             return *loading;
         }
         return *form_;
