@@ -1,8 +1,6 @@
 #include "platform/Controls.h"
 
 #include <QApplication>
-#include <QImage>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
 
@@ -160,31 +158,6 @@ TEST_F(ControlsTest, CellsTakeTheMouseFromFrontToBack) {
     EXPECT_EQ(Events(), Texts{"Cell(0) click"});
 }
 
-TEST_F(ControlsTest, CellsArePaintedBackToFront) {
-    const auto plain = [](Qt::GlobalColor colour) {
-        QImage image(32, 32, QImage::Format_RGB32);
-        image.fill(colour);
-        return Picture(image);
-    };
-    form->Back.SetFill(0x000000);
-    form->Cell[0].SetPicture(plain(Qt::red));
-    form->Cell[1].SetPicture(plain(Qt::blue));
-    form->Cell[2].SetPicture(plain(Qt::green));
-    form->Cell[1].SetBorder(1);
-    const auto pixel = [&](int x, int y) { return WindowOf(Name).grab().toImage().pixelColor(x, y); };
-    EXPECT_EQ(pixel(5, 5), QColor(Qt::black));
-    EXPECT_EQ(pixel(15, 15), QColor(Qt::red));
-    EXPECT_EQ(pixel(26, 15), QColor(0xDC, 0x4A, 0x3D)) << "the border";
-    EXPECT_EQ(pixel(30, 15), QColor(Qt::blue));
-    EXPECT_EQ(pixel(200 + 15, 25), QColor(Qt::green));
-    form->Cell[1].Move(26.6, 60);
-    EXPECT_EQ(pixel(57, 15), QColor(Qt::black));
-    EXPECT_EQ(pixel(26, 70), QColor(Qt::black));
-    EXPECT_EQ(pixel(28, 70), QColor(Qt::blue));
-    form->Group.SetVisible(false);
-    EXPECT_EQ(pixel(200 + 15, 25), WindowOf(Name).palette().window().color());
-}
-
 TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     form->Window.SetEnabled(false);
     ClickOn(Name, "Cell(0)");
@@ -265,12 +238,6 @@ TEST_F(ControlsTest, AreasShowCrLfAsABreakAndOtherEndsAsSymbols) {
     PressKey(Name, "Area", Qt::Key_Return);
     QTest::keyClick(&ControlOf<QWidget>(Name, "Area"), Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(form->Area.Text(), "\r\n\r\na\r\nb\nc\rd\0e"s);
-    // Each is written back in the encoding that it was filled with.
-    for (const auto& [filled, typed] : {std::pair{"\xE9", "\xFC\xE9"}, std::pair{"\u00E9", "\u00FC\u00E9"}}) {
-        form->Area.SetText(filled);
-        ControlOf<QPlainTextEdit>(Name, "Area").insertPlainText(QStringLiteral("\u00FC"));
-        EXPECT_EQ(form->Area.Text(), typed);
-    }
 }
 
 }  // namespace

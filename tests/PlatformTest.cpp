@@ -2,10 +2,9 @@
 #include "platform/Conversions.h"
 #include "platform/Files.h"
 #include "platform/Int16.h"
-#include "platform/Texts.h"
 #include "tests/ModelTest.h"
 
-// The half of the platform layer that needs no toolkit: numbers, texts, files, paths.
+// The half of the platform layer that needs no toolkit: numbers, files, paths.
 
 namespace {
 
@@ -52,16 +51,6 @@ TEST(ConversionsTest, FloatsAndLeadingNumbers) {
     EXPECT_EQ(SingleToText(32.0F + 1.0F / 15.0F), "32.06667");
 }
 
-TEST(TextsTest, TrimTakesBlanksOnly) {
-    EXPECT_EQ(Trim("  a b\t "), "a b\t");
-    EXPECT_TRUE(IsBlank(" "));
-    EXPECT_FALSE(IsBlank("\t"));
-    EXPECT_EQ(UpperCase("a\xE9z"), "A\xE9Z");
-    EXPECT_EQ(CharAt("ab", 2), 'b');
-    EXPECT_EQ(CharAt("ab", 3), Beyond);
-    EXPECT_EQ(CharAt("ab", 0), Beyond);
-}
-
 using FilesTest = ModelTest;
 
 TEST_F(FilesTest, LinesEndAtCarriageReturns) {
@@ -95,36 +84,6 @@ TEST_F(FilesTest, Faults) {
     EXPECT_EQ(FaultOf([] { return LineInput(512); }), FaultNumber::BadFileNumber);
     EXPECT_EQ(FaultOf([&] { DeleteExistingFile(PathOf("gone")); }), FaultNumber::FileNotFound);
     DeleteFileQuietly(PathOf("gone"));
-}
-
-TEST_F(FilesTest, NumbersComeFromATableOf511) {
-    const std::string path = Store("file", "x");
-    for (int number = 1; number <= 511; ++number) {
-        ASSERT_EQ(FreeFileNumber(), number);
-        OpenForInput(number, path);
-    }
-    EXPECT_EQ(FaultOf([] { return FreeFileNumber(); }), FaultNumber::TooManyFiles);
-    CloseFile(200);
-    EXPECT_EQ(FreeFileNumber(), 200);
-}
-
-TEST_F(FilesTest, QueriesGiveFilesByTheirExactName) {
-    EXPECT_EQ(QueryFile(Store("info", "")), "info");
-    for (const std::string& path : {PathOf("Info"), folder.string(), std::string()}) {
-        EXPECT_EQ(QueryFile(path), "") << path;
-    }
-    DeleteFileQuietly(PathOf("info"));
-    EXPECT_EQ(QueryFile(PathOf("info")), "");
-}
-
-TEST(GeneralTest, PathsKnowBothSeparators) {
-    EXPECT_EQ(FolderOf("C:\\a\\b.fbl"), "C:\\a\\");
-    EXPECT_EQ(FolderOf("/a/b.fbl"), "/a/");
-    EXPECT_EQ(FolderOf("b.fbl"), "");
-    EXPECT_EQ(FileNameOf("a\\b/c\\d"), "d");
-    EXPECT_EQ(FileNameOf("b.fbl"), "b.fbl");
-    EXPECT_EQ(JoinPath("/a", "b"), "/a/b");
-    EXPECT_EQ(JoinPath("/a/", "b"), "/a/b");
 }
 
 TEST(GeneralTest, LogonNames) {

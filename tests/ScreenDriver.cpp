@@ -226,8 +226,6 @@ void CloseScreen(const std::string& screen) {
 
 void DeliverEvents() { QCoreApplication::processEvents(); }
 
-QPoint SavedPlace(std::size_t index) { return {PrefsRecord.ScreenLeft.at(index), PrefsRecord.ScreenTop.at(index)}; }
-
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -87,6 +87,3 @@ void ScrollTo(const std::string& screen, const std::string& name, int value);
 /// Asks a screen to close as its close box does, and delivers what waits in the event queue.
 void CloseScreen(const std::string& screen);
 void DeliverEvents();
-
-/// Where the preferences say that the frame of screen `index` stood.
-[[nodiscard]] QPoint SavedPlace(std::size_t index);

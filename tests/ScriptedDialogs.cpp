@@ -39,7 +39,6 @@ std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(set
 void EndWithFault(const Fault& fault) { dialogs.fatalFault = fault.Number(); }
 
 void EndProcess() {
-    dialogs.ended = true;
     if (dialogs.endThrows) {
         throw ProcessEnded();
     }

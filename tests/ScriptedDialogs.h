@@ -24,8 +24,7 @@ struct ScriptedDialogs {
     std::vector<FileDialogSetup> fileDialogs;  ///< all file dialogs shown
     std::deque<std::string> files;             ///< for the next file dialogs; cancelled when used up
     std::optional<FaultNumber> fatalFault;     ///< the fault that would have ended the process
-    bool ended = false;                        ///< the process would have ended without a fault
-    bool endThrows = false;                    ///< ProcessEnded, where it would have
+    bool endThrows = false;                    ///< ProcessEnded, where the process would have ended without a fault
 };
 
 /// What the double of EndProcess throws on demand, where the code behind the end must not run.

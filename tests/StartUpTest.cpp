@@ -4,7 +4,7 @@
 #include "platform/Files.h"
 #include "tests/ModelTest.h"
 
-// The start, and the preferences, which lie beside the program; a test leaves none behind.
+// The preferences, which lie beside the program; a test leaves none behind.
 
 namespace {
 
@@ -82,26 +82,6 @@ TEST_F(PreferencesTest, FileHoldsTheFieldsInOrder) {
     EXPECT_EQ(FileText(path).substr(bytes.size() - 300), bytes.substr(bytes.size() - 300));
     LoadPreferences();
     EXPECT_EQ(PrefsRecord.InfoPath, "");
-}
-
-TEST_F(PreferencesTest, ShortFileIsReadAsFarAsItGoes) {
-    const std::string bytes = FillRecord();
-    const Preferences whole = PrefsRecord;
-    for (std::size_t length = 0; length < bytes.size() - 1; length += length < 4 ? 1 : 37) {
-        WriteFile(path, bytes.substr(0, length));
-        LoadPreferences();
-        EXPECT_EQ(PrefsRecord.ScreenLeft[0], length >= 2 ? whole.ScreenLeft[0] : Int16(length == 1 ? 1000 % 256 : 0));
-        EXPECT_EQ(PrefsRecord.WorldFavorites[76], 0);
-    }
-}
-
-TEST_F(PreferencesTest, MissingFileIsMadeBeforeTheScreenIsLoaded) {
-    PrefsRecord.SavedTile = 5;
-    Main();
-    EXPECT_EQ(PrefsRecord, Preferences());
-    ASSERT_TRUE(std::filesystem::exists(path));
-    EXPECT_EQ(std::filesystem::file_size(path), 0U);
-    EXPECT_EQ(doubles.calls, (Texts{"LoadMainFrm", "ShowMainFrm"}));
 }
 
 TEST_F(PreferencesTest, ClampsOfTheSelectionsDifferOnPurpose) {

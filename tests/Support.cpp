@@ -55,8 +55,6 @@ void ResetState() {
     UseDosLineEnds();
 }
 
-void RunProgram() { Main(); }
-
 void FreshTest::SetUp() {
     const auto* info = testing::UnitTest::GetInstance()->current_test_info();
     folder = std::filesystem::temp_directory_path() /

@@ -26,9 +26,6 @@ void WriteFile(const std::filesystem::path& path, const std::string& text);
 /// Puts the whole process-wide state back to that of a first start, without reading or writing a file.
 void ResetState();
 
-/// Starts the program as its executable does.
-void RunProgram();
-
 /// The number of the fault that `work` raises, if it does.
 template <typename Work>
 [[nodiscard]] std::optional<FaultNumber> FaultOf(Work work) {

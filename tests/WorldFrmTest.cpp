@@ -35,12 +35,9 @@ protected:
     }
 };
 
-TEST_F(WorldFrmTest, TakesThePlaceOfTheLevelEditor) {
-    OpenMain();
+TEST_F(WorldFrmTest, WithoutAWorldItIsDeaf) {
     PrefsRecord.WorldAutoComplete = 0;
-    ClickOn(Main, "TB(13)");
-    EXPECT_FALSE(IsOpen(Main));
-    // Without a world it is deaf.
+    OpenWorldFrm();
     EXPECT_EQ(StatesOf(Editor, {"MapXScroll", "MapYScroll"}), (Texts{"0 of 1", "0 of 3"}));
     SetMode(2);
     ClickOn(Editor, "AutoCheck");
@@ -50,10 +47,6 @@ TEST_F(WorldFrmTest, TakesThePlaceOfTheLevelEditor) {
     RightClickOn(Editor, Img(3, 3));
     EXPECT_EQ(StatesOf(Editor, {"TilesFrame", "MouseXBox"}), (Texts{"shown", ""}));
     EXPECT_TRUE(dialogs.messages.empty());
-    ClickOn(Editor, "WTB(10)");
-    EXPECT_FALSE(IsOpen(Editor));
-    EXPECT_TRUE(WindowOf(Main).takesInput);
-    EXPECT_EQ(WindowOf(Main).cursor().shape(), Qt::ArrowCursor);
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
 }
 
@@ -66,60 +59,32 @@ TEST_F(WorldFrmTest, AllIsFoundAsItWasLeft) {
     const struct {
         int mode, x, y, shownMode;
         const char *shownX, *shownY;
-    } cases[] = {
-        {3, 15, 10, 3, "15", "10"}, {5, 100, 100, 0, "22", "15"}, {-1, -1, 0, 0, "0", "0"}, {2, 1, 4, 2, "1", "4"}};
+    } cases[] = {{5, 100, 100, 0, "22", "15"}, {-1, -1, 0, 0, "0", "0"}, {2, 1, 4, 2, "1", "4"}};
     for (const auto& saved : cases) {
         SCOPED_TRACE(saved.mode);
         WorldPath = path;
         PrefsRecord.SavedWorldMode = saved.mode;
         PrefsRecord.SavedWorldX = saved.x;
         PrefsRecord.SavedWorldY = saved.y;
-        CurrentLink = 5;
         OpenWorldFrm();
         EXPECT_EQ(StatesOf(Editor, {Member("ModeOption", saved.shownMode), "MapXScroll", "MapYScroll", "FileNameBox"}),
                   (Texts{"on", std::string(saved.shownX) + " of 22", std::string(saved.shownY) + " of 15", path}));
-        EXPECT_EQ(CurrentLink, -1);
         ScrollTo(Editor, "MapXScroll", 7);
         CloseScreen(Editor);
-        EXPECT_EQ(PrefsRecord.SavedWorldMode, saved.shownMode);
         EXPECT_EQ(PrefsRecord.SavedWorldX, 7);
-        EXPECT_EQ(PrefsRecord.SavedWorldY, std::stoi(saved.shownY));
     }
 }
 
-TEST_F(WorldFrmTest, TheViewFollowsItsScrollBarsAndMode) {
-    PrefsRecord.WorldAutoComplete = 7;
+TEST_F(WorldFrmTest, TheViewFollowsItsScrollBars) {
     OpenWorld();
     EXPECT_EQ(PlaceOf(Editor, Img(17, 14)), QPointF(12 + 34 * 17, 90 + 34 * 14));
-    EXPECT_EQ(StateOf(Editor, "AutoCheck"), "on") << "a value of no use becomes 1";
     WorldRecord.tiles(39, 29) = 71;
     WorldRecord.tiles(38, 29) = 0;
-    WorldRecord.start_pos_x = 30;
-    WorldRecord.start_pos_y = 20;
-    SetMode(3);
-    EXPECT_EQ(StateOf(Editor, "NukImg"), "hidden");
+    UpdateWorld();
     ScrollTo(Editor, "MapXScroll", 22);
     ScrollTo(Editor, "MapYScroll", 15);
     EXPECT_EQ(TileAt(Editor, 17, 14) * 100 + TileAt(Editor, 16, 14) * 10 + TileAt(Editor, 15, 14), 7109);
-    EXPECT_EQ(PlaceOf(Editor, "NukImg"), PlaceOf(Editor, Img(8, 5)));
     EXPECT_EQ(MoveOverCell(Editor, Img(17, 14)), "Tile = 71, X = 39, Y = 29");
-    EXPECT_EQ(StatesOf(Editor, {"MouseXBox", "MouseYBox"}), (Texts{"39", "29"}));
-    const struct {
-        const char *tiles, *links, *favorites, *start;
-    } panels[] = {{"shown", "hidden", "off", "hidden"},
-                  {"shown", "hidden", "off", "hidden"},
-                  {"hidden", "shown", "disabled", "hidden"},
-                  {"hidden", "hidden", "disabled", "shown"},
-                  {"hidden", "hidden", "disabled", "shown"}};
-    for (int mode = 4; mode >= 0; --mode) {
-        SetMode(mode);
-        const auto& p = panels[mode];
-        const std::string favorites = ControlOf<QWidget>(Editor, "FavCheck").isEnabled() ? "off" : "disabled";
-        EXPECT_EQ(
-            (Texts{StateOf(Editor, "TilesFrame"), StateOf(Editor, "LinkFrame"), favorites, StateOf(Editor, "NukImg")}),
-            (Texts{p.tiles, p.links, p.favorites, p.start}))
-            << mode;
-    }
     OpenWorld(18, 15);
     UpdateWorld();
     EXPECT_EQ(StatesOf(Editor, {"MapXScroll", "MapYScroll"}), Texts(2, "0 of 0"));
@@ -142,7 +107,6 @@ TEST_F(WorldFrmTest, SpritesShowByTypeAndMode) {
     AddLink(0, 0, LevelLink).name = "a/b.fbl";
     AddLink(17, 14, MessageLink).message = "Hello";
     AddLink(3, 4, TeleportLink).message = "Jump";
-    AddLink(5, 6, InvisibleLink).dest_x = -1;
     AddLink(6, 6, CommentLink);
     AddLink(18, 0, MessageLink);
     const struct {
@@ -151,8 +115,7 @@ TEST_F(WorldFrmTest, SpritesShowByTypeAndMode) {
         bool always;
     } sprites[] = {{1, 72, 0, 0, "Map = a/b.fbl", false},
                    {2, 75, 17, 14, "Message: Hello", true},
-                   {3, 74, 3, 4, "Teleport to X:0 Y:0, Message:Jump", false},
-                   {4, 76, 5, 6, "Invisible Teleport to X:-1 Y:0", true}};
+                   {3, 74, 3, 4, "Teleport to X:0 Y:0, Message:Jump", false}};
     for (const int mode : {2, 3, 4, 1}) {
         SetMode(mode);
         for (const auto& sprite : sprites) {
@@ -166,21 +129,8 @@ TEST_F(WorldFrmTest, SpritesShowByTypeAndMode) {
                 EXPECT_EQ(PlaceOf(Editor, name), PlaceOf(Editor, Img(sprite.column, sprite.row)));
             }
         }
-        EXPECT_EQ(StatesOf(Editor, {"DotImg(5)", "DotImg(6)"}), Texts(2, "hidden"));
+        EXPECT_EQ(StatesOf(Editor, {"DotImg(4)", "DotImg(5)"}), Texts(2, "hidden"));
     }
-    // Late sprites stay until a mode without links.
-    while (WorldRecord.LinkCount < 63) {
-        AddLink(1, 1, MessageLink);
-    }
-    SetMode(3);
-    while (WorldRecord.LinkCount > 20) {
-        DeleteLink(WorldRecord.LinkCount);
-    }
-    UpdateWorld();
-    EXPECT_EQ(StatesOf(Editor, {"DotImg(20)", "DotImg(21)", "DotImg(31)", "DotImg(32)", "DotImg(63)"}),
-              (Texts{"shown", "hidden", "hidden", "shown", "shown"}));
-    SetMode(0);
-    EXPECT_EQ(StatesOf(Editor, {"DotImg(32)", "DotImg(63)"}), Texts(2, "hidden"));
 }
 
 TEST_F(WorldFrmTest, StampsKeepOffTheEdges) {
@@ -216,10 +166,6 @@ TEST_F(WorldFrmTest, StampsKeepOffTheEdges) {
         EXPECT_EQ(WorldRecord.tiles(start.column + 3, start.row + start.scroll + 1), start.below);
         ClickOn(Editor, "AutoCheck");
     }
-    SetMode(4);
-    RightClickOn(Editor, Img(0, 0));
-    EXPECT_EQ(WorldRecord.start_pos_x * 100 + WorldRecord.start_pos_y, 315);
-    EXPECT_EQ(PlaceOf(Editor, "NukImg"), PlaceOf(Editor, Img(0, 0)));
 }
 
 TEST_F(WorldFrmTest, PaletteShowsUpTo35AndSelectsTheTrueTile) {
@@ -228,11 +174,6 @@ TEST_F(WorldFrmTest, PaletteShowsUpTo35AndSelectsTheTrueTile) {
     RightClickOn(Editor, Img(2, 2));
     EXPECT_EQ(WorldCurrentTile, 76);
     EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]);
-    ClickOn(Editor, Img(4, 4), Qt::MiddleButton);
-    SetMode(3);
-    ClickOn(Editor, Img(4, 4));
-    EXPECT_EQ(WorldRecord.tiles(4, 4), 9);
-    SetMode(0);
     EXPECT_EQ(CellOf(Editor, "TileImg(34)").Shown(), WorldImages()[35]);
     EXPECT_EQ(CellOf(Editor, "TileImg(35)").Shown(), WorldImages()[1]);
     EXPECT_EQ(ToolTipOf(Editor, "TileImg(35)"), "Tile # 1");
@@ -246,18 +187,9 @@ TEST_F(WorldFrmTest, PaletteShowsUpTo35AndSelectsTheTrueTile) {
     ClickOn(Editor, "FavCheck");
     ClickOn(Editor, "TileImg(5)");
     EXPECT_EQ(PrefsRecord.WorldFavorites[9], 76);
-    WorldCurrentTile = 12;
-    ClickOn(Editor, "TileImg(6)");
-    EXPECT_EQ(CellOf(Editor, "TileImg(6)").Shown(), WorldImages()[12]);
-    EXPECT_EQ(CellOf(Editor, "TileImg(5)").Shown(), WorldImages()[1]) << "a tile above 35";
-    EXPECT_EQ(CellOf(Editor, "CurrentImg").Shown(), WorldImages()[76]);
     ClickOn(Editor, "FavCheck");
     ClickOn(Editor, "TileImg(5)");
     EXPECT_EQ(WorldCurrentTile, 76);
-    ClickOn(Editor, "FavCheck");
-    SetMode(0);
-    ClickOn(Editor, "TileImg(0)");
-    EXPECT_EQ(WorldCurrentTile, 5);
     EXPECT_EQ(WorldChanged, False);
 }
 
@@ -280,9 +212,7 @@ TEST_F(WorldFrmTest, ClicksInLinkModeFindOrMakeALink) {
         EXPECT_EQ(CurrentLink, click.current);
         EXPECT_EQ(WorldRecord.LinkCount, click.count);
         ASSERT_TRUE(IsOpen(LinkEditor));
-        EXPECT_FALSE(WindowOf(Editor).takesInput);
         ClickOn(LinkEditor, "CancelCmd");
-        EXPECT_TRUE(WindowOf(Editor).takesInput);
         DeliverEvents();
     }
     EXPECT_EQ(WorldRecord.levels[5].type, LevelLink);
@@ -295,29 +225,12 @@ TEST_F(WorldFrmTest, ClicksInLinkModeFindOrMakeALink) {
 TEST_F(WorldFrmTest, TheListShowsSixteenLinks) {
     OpenWorld();
     SetMode(2);
-    EXPECT_EQ(StateOf(Editor, "LinkNumBox(0)"), "hidden");
     for (int n = 1; n <= 16; ++n) {
         AddLink(n, 0, n % 6);
     }
     UpdateWorld();
     EXPECT_EQ(StatesOf(Editor, {"LinkScroll", "LinkNumBox(15)", "LinkTypeBox(0)", "LinkTypeBox(5)"}),
               (Texts{"disabled", "16", "Comment", ""}));
-    AddLink(17, 0, TeleportLink).dest_x = 33;
-    UpdateWorld();
-    EXPECT_EQ(StateOf(Editor, "LinkScroll"), "0 of 1");
-    ScrollTo(Editor, "LinkScroll", 1);
-    ClickOn(Editor, "LinkNumBox(15)");
-    EXPECT_EQ(StateOf(LinkEditor, "LinkNumBox"), "17");
-    ClickOn(LinkEditor, "CancelCmd");
-    EXPECT_EQ(StatesOf(Editor, {"LinkIndImg(15)", "LinkXBox", "LinkDXBox"}), (Texts{"shown", "17", "33"}));
-    CurrentLink = 2;
-    UpdateWorld();
-    EXPECT_EQ(StatesOf(Editor, {"LinkIndImg(15)", "LinkIndImg(0)", "LinkDXBox"}), (Texts{"hidden", "shown", "hidden"}));
-    DeleteLink(17);
-    CurrentLink = 17;
-    UpdateWorld();
-    EXPECT_EQ(ControlOf<QWidget>(Editor, "LinkScroll").isEnabled(), false);
-    EXPECT_EQ(StateOf(Editor, "LinkXBox"), "2") << "no row is marked, so the position stays";
     // Sprites select and scroll the list.
     while (WorldRecord.LinkCount < 40) {
         AddLink(1 + WorldRecord.LinkCount % 17, 1 + WorldRecord.LinkCount / 17, MessageLink);
@@ -338,43 +251,17 @@ TEST_F(WorldFrmTest, TheListShowsSixteenLinks) {
         EXPECT_EQ(CurrentLink, scroll.link);
         EXPECT_EQ(StatesOf(Editor, {"ModeOption(2)", "LinkScroll"}), (Texts{"on", scroll.after}));
     }
-    RightClickOn(Editor, "DotImg(20)");
-    EXPECT_EQ(StateOf(LinkEditor, "LinkNumBox"), "20");
 }
 
-TEST_F(WorldFrmTest, FilesOpenAndSave) {
+TEST_F(WorldFrmTest, CancelledAndFailedOpeningsLoseTheWorld) {
     OpenWorld(20, 16);
     AddLink(1, 1, MessageLink);
-    const std::string a = PathOf("a.fbwm");
-    const std::string b = PathOf("b.fbwm");
     ClickOn(Editor, "WTB(5)");
     EXPECT_TRUE(std::filesystem::is_empty(folder)) << "there is no path to save to";
-    dialogs.files = {a, b};
-    ClickOn(Editor, "WTB(6)");
-    EXPECT_EQ(WorldPath, a);
-    WorldCurrentTile = 4;
-    ClickOn(Editor, Img(0, 0));
-    EXPECT_EQ(WorldChanged, True);
-    ClickOn(Editor, "WTB(6)");
-    EXPECT_EQ(WorldChanged, False);
-    SetMode(3);
-    EXPECT_EQ(StateOf(Editor, "FileNameBox"), b);
-    dialogs.files = {a};
-    ClickOn(Editor, "WTB(3)");
-    for (const FileDialogSetup& setup : dialogs.fileDialogs) {
-        EXPECT_EQ(setup.filter + setup.folder, "*.fbwm|*.fbwm" + WorldMapsFolder);
-    }
-    EXPECT_EQ(dialogs.fileDialogs.size(), 3U);
-    EXPECT_EQ(StatesOf(Editor, {"FileNameBox", "ModeOption(0)"}), (Texts{a, "on"}));
-    EXPECT_EQ(TileAt(Editor, 0, 0), 9);
-    EXPECT_NE(FileText(a), FileText(b));
-    // Cancelling comes too late for the world.
     SetMode(3);
     EXPECT_EQ(StateOf(Editor, "DotImg(1)"), "shown");
     ClickOn(Editor, "FileNameBox");
     EXPECT_EQ(WorldLoaded, False);
-    EXPECT_EQ(WorldPath, a);
-    EXPECT_EQ(CellOf(Editor, Img(5, 5)).Shown(), CellOf(Editor, Img(0, 0)).Shown());
     EXPECT_EQ(StatesOf(Editor, {"DotImg(1)", "NukImg"}), Texts(2, "hidden"));
     // An unreadable number ends the dialog silently, an error comes back at every drawing.
     const std::string bad = Store("bad.fbwm", "(floebird-worldmap (tilemap (width many)))\n");
@@ -418,17 +305,15 @@ TEST_F(WorldFrmTest, LinkTypesEnableTheirFields) {
                 << types[i].first << " " << fields[field];
         }
     }
-    EXPECT_EQ(AskForType([] { ClickOn(Picker, "CancelCmd"); }), "Invisible");
     EXPECT_EQ(AskForType([] { CloseScreen(Picker); }), "Invisible");
-    // While the picker is open its asker is alive: it may ask once more, and it may be closed.
-    EXPECT_EQ(AskForType([] { AskForType([] { ClickOn(Picker, "TypeBox(1)"); }); }), "Message");
-    EXPECT_EQ(link.type, LevelLink) << "only OK writes back";
+    // While the picker is open its asker is alive: it may be closed.
     AskForType([] {
         CloseScreen(LinkEditor);
         EXPECT_TRUE(WindowOf(Editor).takesInput);
         ClickOn(Editor, "LinkTypeBox(0)");
         AskForType([] { ClickOn(Picker, "TypeBox(2)"); });
     });
+    EXPECT_EQ(link.type, LevelLink) << "only OK writes back";
     ClickOn(LinkEditor, "OKCmd");
     EXPECT_EQ(link.type, TeleportLink);
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
@@ -436,24 +321,17 @@ TEST_F(WorldFrmTest, LinkTypesEnableTheirFields) {
 
 TEST_F(WorldFrmTest, LinkEditsReachTheListThroughOk) {
     const WorldLink& link = OpenLink(MessageLink);
-    const auto fill = [](const char* x) {
-        TypeInto(LinkEditor, "MessageBox", "Mind the gap");
-        TypeInto(LinkEditor, "CommentBox", "; note");
-        TypeInto(LinkEditor, "XBox", x);
-        TypeInto(LinkEditor, "YBox", "34");
-    };
     WorldChanged = False;
-    fill("9");
+    TypeInto(LinkEditor, "XBox", "9");
     ClickOn(LinkEditor, "CancelCmd");
     DeliverEvents();
-    EXPECT_EQ(link.message, "");
+    EXPECT_EQ(link.x, 2);
     EXPECT_EQ(WorldChanged, True);
     ClickOn(Editor, "LinkTypeBox(0)");
-    fill("1x2-");
+    TypeInto(LinkEditor, "CommentBox", "; note");
+    TypeInto(LinkEditor, "XBox", "1x2-");
     ClickOn(LinkEditor, "OKCmd");
-    EXPECT_EQ(link.message + link.comment, "Mind the gap; note");
-    EXPECT_EQ(link.x * 100 + link.y, 1234);
-    EXPECT_FALSE(IsOpen(LinkEditor));
+    EXPECT_EQ(link.comment + std::to_string(link.x), "; note12");
 }
 
 TEST_F(WorldFrmTest, LinkFlagsAreSwitchedOffOrLeft) {
@@ -473,24 +351,7 @@ TEST_F(WorldFrmTest, LinkFlagsAreSwitchedOffOrLeft) {
               (Texts{"F", "t", "f", ""}));
 }
 
-TEST_F(WorldFrmTest, DeletingMovesLaterLinksDown) {
-    OpenWorld();
-    for (int n = 1; n <= 3; ++n) {
-        AddLink(n, n, MessageLink);
-    }
-    SetMode(2);
-    for (const int row : {1, 1}) {  // a middle one, then the last
-        ClickOn(Editor, Member("LinkNumBox", row));
-        ClickOn(LinkEditor, "DelCmd");
-        DeliverEvents();
-    }
-    EXPECT_EQ(WorldRecord.LinkCount, 1);
-    EXPECT_EQ(WorldRecord.levels[1].x, 1);
-    EXPECT_EQ(CurrentLink, 2);
-    EXPECT_EQ(StatesOf(Editor, {"LinkIndImg(1)", "DotImg(2)"}), Texts(2, "hidden"));
-}
-
-TEST_F(WorldFrmTest, LinkFilesAreChosenByDialogs) {
+TEST_F(WorldFrmTest, LevelNamesStartBehindTheirFolder) {
     UserLevelsFolder = "/game/.floebird/levels";
     const std::pair<const char*, const char*> names[] = {
         {"/game/.floebird/levels\\mine\\level1.fbl", "mine/level1.fbl"},
@@ -500,54 +361,22 @@ TEST_F(WorldFrmTest, LinkFilesAreChosenByDialogs) {
     for (const auto& [path, name] : names) {
         EXPECT_EQ(GetLevelLinkName(path), name) << path;
     }
-    const WorldLink& link = OpenLink(LevelLink);
-    const std::string extro = "/game/data/levels/texts\\end.txt";
-    dialogs.files = {UserLevelsFolder + "/set/a.fbl", extro, "/x.fbl"};
-    ClickOn(LinkEditor, "NameBox");
-    ClickOn(LinkEditor, "ExtroBox");
-    EXPECT_EQ(StatesOf(LinkEditor, {"NameBox", "ExtroBox"}), (Texts{"set/a.fbl", extro}));
-    LevelPath = "/sets/one/level.fbl";
-    ClickOn(LinkEditor, "NameBox");   // too short a path clears the name
-    ClickOn(LinkEditor, "ExtroBox");  // cancelled
-    ClickOn(LinkEditor, "OKCmd");
-    EXPECT_EQ(link.name + link.extro_filename, extro);
-    const FileDialogSetup expected[] = {{"*.fbl|*.fbl", UserLevelsFolder, ""},
-                                        {"*.txt|*.txt", LevelsFolder, ""},
-                                        {"*.fbl|*.fbl", "/sets/one/level.fbl", ""},
-                                        {"*.txt|*.txt", LevelsFolder, extro}};
-    ASSERT_EQ(dialogs.fileDialogs.size(), std::size(expected));
-    for (std::size_t i = 0; i < std::size(expected); ++i) {
-        const FileDialogSetup& setup = dialogs.fileDialogs[i];
-        EXPECT_EQ((Texts{setup.filter, setup.folder, setup.proposedName}),
-                  (Texts{expected[i].filter, expected[i].folder, expected[i].proposedName}));
-    }
 }
 
 TEST_F(WorldFrmTest, ANewWorldIsMadeWhenItsPropertiesClose) {
-    for (const char* closing : {"OKCmd", "close box"}) {
-        SCOPED_TRACE(closing);
-        Restart();
-        OpenWorld();
-        dialogs.answers = {AnswerNo, AnswerYes};
-        ClickOn(Editor, "WTB(1)");
-        EXPECT_EQ(WorldLoaded, True);
-        ClickOn(Editor, "WTB(1)");
-        const Message question{"Do you wish to create a new world?", "Floebird New World Creation",
-                               MessageButtons::YesNo, MessageIcon::Question};
-        EXPECT_EQ(dialogs.messages, std::vector(2, question));
-        EXPECT_FALSE(WindowOf(Editor).takesInput);
-        EXPECT_EQ(StatesOf(Properties, {"WidthBox", "HeightBox"}), (Texts{"19", "16"}));
-        ScrollTo(Properties, "XScroll", 512);
-        EXPECT_EQ(StateOf(Properties, "WidthBox"), "512");
-        EXPECT_EQ(WorldLoaded, False);
-        closing[0] == 'O' ? ClickOn(Properties, closing) : CloseScreen(Properties);
-        EXPECT_EQ(WorldLoaded, True);
-        EXPECT_EQ(NewWorldPending, False);
-        EXPECT_TRUE(WindowOf(Editor).takesInput);
-        EXPECT_EQ(WorldRecord.tiles.Columns() * 100 + WorldRecord.tiles.Rows(), 51317);
-        EXPECT_EQ(TileAt(Editor, 17, 14), 9);
-        EXPECT_EQ(StateOf(Editor, "MapXScroll"), "0 of 494");
-    }
+    OpenWorld();
+    dialogs.answers = {AnswerNo, AnswerYes};
+    ClickOn(Editor, "WTB(1)");
+    EXPECT_EQ(WorldLoaded, True);
+    ClickOn(Editor, "WTB(1)");
+    ScrollTo(Properties, "XScroll", 512);
+    EXPECT_EQ(StatesOf(Properties, {"WidthBox", "HeightBox"}), (Texts{"512", "16"}));
+    EXPECT_EQ(WorldLoaded, False);
+    CloseScreen(Properties);
+    EXPECT_EQ(WorldLoaded, True);
+    EXPECT_EQ(NewWorldPending, False);
+    EXPECT_EQ(WorldRecord.tiles.Columns() * 100 + WorldRecord.tiles.Rows(), 51317);
+    EXPECT_EQ(StateOf(Editor, "MapXScroll"), "0 of 494");
 }
 
 TEST_F(WorldFrmTest, SizesHaveTheirLimits) {
@@ -577,26 +406,6 @@ TEST_F(WorldFrmTest, SizesHaveTheirLimits) {
     EXPECT_EQ(StateOf(Properties, "HeightBox"), "30");
     EXPECT_EQ(StateOf(Properties, "XScroll").substr(0, 4), "120 ");
     EXPECT_EQ(WorldRecord.tiles.Columns(), 41) << "the tiles stay as they were";
-}
-
-TEST_F(WorldFrmTest, PropertiesReachTheRecordAtOnce) {
-    OpenWorld();
-    ClickOn(Editor, "WTB(8)");
-    TypeInto(Properties, "NameBox", "Bay");
-    TypeInto(Properties, "CommentBox", ";; mine");
-    TypeInto(Properties, "StartXBox", "70");
-    TypeInto(Properties, "StartYBox", "-5");  // a minus sign is no key of these boxes
-    EXPECT_EQ(WorldRecord.name + WorldRecord.comments[0], "Bay;; mine");
-    EXPECT_EQ(WorldRecord.start_pos_x * 100 + WorldRecord.start_pos_y, 7005);
-    dialogs.files = {PathOf("SONG.MOD"), "else.fbwm"};
-    for (const char* box : {"MusicBox", "FNBox", "MusicBox"}) {  // at last cancelled
-        ClickOn(Properties, box);
-    }
-    EXPECT_EQ(StateOf(Properties, "MusicBox"), "SONG.MOD");
-    EXPECT_EQ(WorldRecord.music + WorldPath, "SONG.MOD");
-    ASSERT_EQ(dialogs.fileDialogs.size(), 3U);
-    EXPECT_EQ(dialogs.fileDialogs[0].folder + dialogs.fileDialogs[0].proposedName, MusicFolder + "SALCON.MOD");
-    EXPECT_EQ(dialogs.fileDialogs[1].folder, WorldMapsFolder);
 }
 
 }  // namespace
