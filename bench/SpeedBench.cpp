@@ -37,6 +37,7 @@ namespace {
 constexpr int WidestLevel = 1023;
 constexpr int LargestWorldWidth = 1023;
 constexpr int LargestWorldHeight = 256;
+constexpr int MostLinks = 63;  // that have sprites
 
 int runs = 51;
 

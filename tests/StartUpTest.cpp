@@ -84,6 +84,17 @@ TEST_F(PreferencesTest, FileHoldsTheFieldsInOrder) {
     EXPECT_EQ(PrefsRecord.InfoPath, "");
 }
 
+TEST_F(PreferencesTest, ShortFileIsReadAsFarAsItGoes) {
+    const std::string bytes = FillRecord();
+    const Preferences whole = PrefsRecord;
+    for (std::size_t length = 0; length < bytes.size() - 1; length += length < 4 ? 1 : 37) {
+        WriteFile(path, bytes.substr(0, length));
+        LoadPreferences();
+        EXPECT_EQ(PrefsRecord.ScreenLeft[0], length >= 2 ? whole.ScreenLeft[0] : Int16(length == 1 ? 1000 % 256 : 0));
+        EXPECT_EQ(PrefsRecord.WorldFavorites[76], 0);
+    }
+}
+
 TEST_F(PreferencesTest, ClampsOfTheSelectionsDifferOnPurpose) {
     const struct {
         Int16 Preferences::*saved;
