@@ -9,7 +9,7 @@
 
 // MainFrm, the level editor.
 void LoadMainFrm();                          ///< makes the screen and runs its start-up, without showing it
-void ShowMainFrm();                          ///< shows it, or brings it back after HideMainFrm
+void ShowMainFrm();                          ///< shows it, also after the world editor has hidden it
 void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the map view
 void ShowFileName(const std::string& text);  ///< puts `text` into FileNameBox
 void UpdateDisplay();                        ///< redraws the whole screen from the records

@@ -300,8 +300,6 @@ void ScrollBar::SetMax(int maximum) {
 
 Int16 ScrollBar::Max() const { return bar_->maximum(); }
 
-Int16 ScrollBar::Min() const { return bar_->minimum(); }
-
 void ToolBar::Create(Container& container, const std::string& name, Place place,
                      const std::vector<ToolBarButton>& buttons, const ImageList& images) {
     auto* bar = new QWidget(container.ContainerWidget());

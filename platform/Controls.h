@@ -171,7 +171,6 @@ public:
     /// leaves the minimum as the only value.
     void SetMax(int maximum);
     [[nodiscard]] Int16 Max() const;
-    [[nodiscard]] Int16 Min() const;
 
 private:
     template <typename Setting>

@@ -174,15 +174,6 @@ bool AtEndOfFile(int number) {
     return file.next >= file.text.size();
 }
 
-std::int64_t FileLength(int number) {
-    std::FILE* stream = FileOf(number).stream.get();
-    const long position = std::ftell(stream);
-    std::fseek(stream, 0, SEEK_END);
-    const long length = std::ftell(stream);
-    std::fseek(stream, position, SEEK_SET);
-    return length;
-}
-
 std::string ReadBytes(int number) {
     std::FILE* stream = FileOf(number).stream.get();
     std::rewind(stream);

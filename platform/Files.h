@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,9 +25,6 @@ void OpenForBinary(int number, const std::string& path);
 
 /// True when all of the file has been read. Fault 52.
 [[nodiscard]] bool AtEndOfFile(int number);
-
-/// The size of the open file in bytes. Fault 52.
-[[nodiscard]] std::int64_t FileLength(int number);
 
 /// All bytes of the open file, from its start. Faults 52, 57.
 [[nodiscard]] std::string ReadBytes(int number);

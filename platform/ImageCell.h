@@ -39,7 +39,6 @@ public:
     [[nodiscard]] const std::string& Name() const { return name_; }
 
     void SetPicture(const Picture& picture);
-    void ClearPicture() { SetPicture({}); }
     [[nodiscard]] const Picture& Shown() const { return picture_; }
 
     /// Fills the cell with one colour, 0xRRGGBB, below the picture.
@@ -66,7 +65,6 @@ public:
 
     /// 1 for a thin border, 0 for none.
     void SetBorder(int border);
-    [[nodiscard]] int Border() const { return border_; }
 
 private:
     friend class Surface;

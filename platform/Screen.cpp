@@ -71,8 +71,6 @@ void Screen::Close() {
 
 void Screen::SetEnabled(bool enabled) { window_->takesInput = enabled; }
 
-bool Screen::Enabled() const { return window_->takesInput; }
-
 void Screen::MoveTo(int left, int top) { window_->move(left, top); }
 
 Int16 Screen::Left() const { return window_->pos().x(); }

@@ -42,7 +42,6 @@ public:
 
     /// A disabled screen takes no input and cannot be closed by its user; it looks as before.
     void SetEnabled(bool enabled);
-    [[nodiscard]] bool Enabled() const;
 
     void MoveTo(int left, int top);
     [[nodiscard]] Int16 Left() const;  ///< fault 6 beyond 16 bits
