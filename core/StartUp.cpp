@@ -1,10 +1,12 @@
 #include "core/StartUp.h"
 
 #include "core/General.h"
+#include "core/LineEnds.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
-#include "level/LevelWriter.h"
+#include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/Texts.h"
 
 namespace {
 
@@ -23,8 +25,23 @@ std::string FixedGameFolder() {
 #ifdef _WIN32
     return "C:\\Program Files\\Floebird";
 #else
-    return JoinPath(ProgramFolder(), "Floebird");
+    return JoinPath(ProgramFolder, "Floebird");
 #endif
+}
+
+void Start() {
+    InitTextConstants();
+    InitConstants();
+    UseDosLineEnds();
+    LoadPreferences();
+    RestoreSelections();
+    LoadMainFrm();
+    ShowMainFrm();
+}
+
+std::string AdviceForNextStart() {
+    const std::string level = IsBlank(LevelPath) ? "" : "The level that was being opened:\n" + LevelPath + "\n\n";
+    return level + "If this happens at every start, delete the preferences:\n" + PreferencesPath();
 }
 
 }  // namespace
@@ -62,11 +79,9 @@ void RestoreSelections() {
 }
 
 void Main() {
-    InitTextConstants();
-    InitConstants();
-    UseDosLineEnds();
-    LoadPreferences();
-    RestoreSelections();
-    LoadMainFrm();
-    ShowMainFrm();
+    try {
+        WithMemoryFaults(Start);
+    } catch (const Fault& fault) {
+        EndWithFault(fault, AdviceForNextStart());
+    }
 }

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "platform/Fault.h"
 
@@ -96,6 +97,15 @@ OpenFile& Open(int number, const std::string& path, const char* mode) {
     return *(openFiles[static_cast<std::size_t>(number)] = std::move(file));
 }
 
+/// Opens a file that need not exist; what is missing then is its folder.
+OpenFile& OpenForWriting(int number, const std::string& path, const char* mode) {
+    try {
+        return Open(number, path, mode);
+    } catch (const Fault& fault) {
+        throw fault.Number() == FaultNumber::FileNotFound ? Fault(FaultNumber::PathNotFound) : fault;
+    }
+}
+
 bool CanWriteFolder(const std::string& folder) {
 #ifdef _WIN32
     return (fs::status(folder).permissions() & fs::perms::owner_write) != fs::perms::none;
@@ -104,17 +114,31 @@ bool CanWriteFolder(const std::string& folder) {
 #endif
 }
 
-std::string ConfigurationFolder() {
+/// Where the user's programs keep their settings, the first choice first. The user database knows a home folder also
+/// where the environment names none.
+std::vector<std::string> ConfigurationFolders() {
 #ifdef _WIN32
     const char* roaming = std::getenv("APPDATA");
-    return roaming != nullptr ? roaming : ".";
+    return {roaming != nullptr ? roaming : "."};
 #else
+    std::vector<std::string> folders;
     if (const char* configured = std::getenv("XDG_CONFIG_HOME"); configured != nullptr && *configured == '/') {
-        return configured;
+        folders.emplace_back(configured);
     }
-    const char* home = std::getenv("HOME");
-    return std::string(home != nullptr ? home : "") + "/.config";
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') {
+        folders.push_back(std::string(home) + "/.config");
+    }
+    if (const passwd* owner = getpwuid(geteuid()); owner != nullptr) {
+        folders.push_back(std::string(owner->pw_dir) + "/.config");
+    }
+    return folders;
 #endif
+}
+
+void WriteAll(std::FILE* stream, std::string_view bytes) {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() || std::fflush(stream) != 0) {
+        throw FaultOfErrno(errno);
+    }
 }
 
 }  // namespace
@@ -140,13 +164,8 @@ void OpenForInput(int number, const std::string& path) {
 
 void OpenForBinary(int number, const std::string& path) {
     // "r+" refuses a missing file and "w+" would cut an existing one off, so a missing one is made first.
-    std::error_code ignored;
-    if (!path.empty() && !fs::exists(path, ignored)) {
-        const std::unique_ptr<std::FILE, CloseStream> made(std::fopen(path.c_str(), "ab"));
-        if (made == nullptr) {
-            throw errno == ENOENT ? Fault(FaultNumber::PathNotFound) : FaultOfErrno(errno);
-        }
-    }
+    OpenForWriting(number, path, "ab");
+    CloseFile(number);
     Open(number, path, "r+b");
 }
 
@@ -183,9 +202,13 @@ std::string ReadBytes(int number) {
 void WriteBytes(int number, std::string_view bytes) {
     std::FILE* stream = FileOf(number).stream.get();
     std::rewind(stream);
-    if (std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() || std::fflush(stream) != 0) {
-        throw FaultOfErrno(errno);
-    }
+    WriteAll(stream, bytes);
+}
+
+void WriteTextFile(const std::string& path, std::string_view text) {
+    const int number = FreeFileNumber();
+    const FileCloser closer(number);
+    WriteAll(OpenForWriting(number, path, "wb").stream.get(), text);
 }
 
 void CloseFile(int number) {
@@ -222,7 +245,7 @@ void MakeFolder(const std::string& path) {
     throw Fault(missingParent ? FaultNumber::PathNotFound : FaultNumber::PathFileAccessError);
 }
 
-std::string ProgramFolder() {
+std::string FolderOfProgram() {
 #ifdef _WIN32
     std::array<char, 4096> buffer{};
     GetModuleFileNameA(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
@@ -233,15 +256,17 @@ std::string ProgramFolder() {
 #endif
 }
 
-std::string WritableProgramFolder() {
-    std::string beside = ProgramFolder();
-    if (CanWriteFolder(beside)) {
-        return beside;
+std::string WritableFolder(const std::string& preferred) {
+    std::string folder = preferred;
+    for (const std::string& configuration : ConfigurationFolders()) {
+        if (CanWriteFolder(folder)) {
+            break;
+        }
+        folder = configuration + std::string(PathSeparator) + "FB_Editor";
+        std::error_code ignored;
+        fs::create_directories(folder, ignored);
     }
-    std::string own = ConfigurationFolder() + std::string(PathSeparator) + "FB_Editor";
-    std::error_code ignored;
-    fs::create_directories(own, ignored);
-    return own;
+    return folder;
 }
 
 std::string ProcessOwnerName() {

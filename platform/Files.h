@@ -32,8 +32,24 @@ void OpenForBinary(int number, const std::string& path);
 /// Writes `bytes` from the file's start, without cutting off what stands behind them. Faults 52, 57, 61.
 void WriteBytes(int number, std::string_view bytes);
 
+/// Makes the file at `path` hold `text`, byte for byte and nothing behind it, whatever stood there before. The file is
+/// closed on every way out. Faults 57, 61, 67, 75, 76.
+void WriteTextFile(const std::string& path, std::string_view text);
+
 /// Closes a file; without effect when `number` is not open.
 void CloseFile(int number);
+
+/// Closes a file on every way out of a block.
+class FileCloser {
+public:
+    explicit FileCloser(int number) : number_(number) {}
+    FileCloser(const FileCloser&) = delete;
+    FileCloser& operator=(const FileCloser&) = delete;
+    ~FileCloser() { CloseFile(number_); }
+
+private:
+    int number_;
+};
 
 /// The exact name of the file at `path`, without its folder; empty if there is no such file. Folders are not files.
 [[nodiscard]] std::string QueryFile(const std::string& path);
@@ -53,11 +69,11 @@ inline constexpr std::string_view PathSeparator =
 #endif
 
 /// The folder of the running program, without a separator at its end.
-[[nodiscard]] std::string ProgramFolder();
+[[nodiscard]] std::string FolderOfProgram();
 
-/// Where the program keeps files of its own: its folder, or `FB_Editor` in the user's configuration folder
-/// (made when missing) if the program's folder cannot be written.
-[[nodiscard]] std::string WritableProgramFolder();
+/// Where the program keeps files of its own: `preferred`, or `FB_Editor` in the user's configuration folder (made when
+/// missing) if that cannot be written. Where neither can be, opening a file there tells why.
+[[nodiscard]] std::string WritableFolder(const std::string& preferred);
 
 /// The name of the user who owns the process, or nothing if the system does not tell.
 [[nodiscard]] std::string ProcessOwnerName();

@@ -1,11 +1,12 @@
 #include "tests/Support.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
+#include "core/LineEnds.h"
 #include "core/SharedState.h"
 #include "core/StartUp.h"
-#include "level/LevelWriter.h"
 #include "platform/Files.h"
 
 std::string FileText(const std::filesystem::path& path) {
@@ -56,13 +57,11 @@ void ResetState() {
 }
 
 void FreshTest::SetUp() {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    folder = std::filesystem::temp_directory_path() /
-             ("fb_editor_" + std::string(info->test_suite_name()) + "_" + info->name());
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+    std::string pattern = std::filesystem::temp_directory_path() / "fb_editor_XXXXXX";
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    folder = pattern;
     ResetState();
-    UserLevelsFolder = folder.string();
+    ProgramFolder = UserLevelsFolder = folder.string();
 }
 
 void FreshTest::TearDown() {

@@ -4,10 +4,11 @@
 #include <charconv>
 
 #include "core/General.h"
+#include "core/LineEnds.h"
 #include "core/SharedState.h"
-#include "level/LevelWriter.h"
 #include "platform/Dialogs.h"
 #include "platform/Fault.h"
+#include "platform/Files.h"
 #include "platform/Texts.h"
 
 std::string WorldOutput;
@@ -157,6 +158,7 @@ void WriteWorldFile(const std::string& path) {
         WriteTextFile(path, WorldOutput);
         WorldChanged = False;
     } catch (const Fault&) {
-        MessageBox("Error Saving World Map Data!", "FB_Editor - Save World Map", MessageButtons::Ok, MessageIcon::Stop);
+        ShowMessage("Error Saving World Map Data!", "FB_Editor - Save World Map", MessageButtons::Ok,
+                    MessageIcon::Stop);
     }
 }
