@@ -8,6 +8,7 @@
 #include <QStyleFactory>
 #include <clocale>
 
+#include "platform/Accessibility.h"
 #include "platform/Conversions.h"
 #include "platform/EventQueue.h"
 #include "platform/Events.h"
@@ -46,7 +47,8 @@ void PrepareToolkit() {
     font.setPixelSize(FontPixels);
     QApplication::setFont(font);
     QApplication::setQuitOnLastWindowClosed(false);
-    WatchInput();
+    WatchEvents();
+    DescribeScreensToTools();
 }
 
 int RunApplication(int argc, char** argv, const std::function<void()>& start) {

@@ -7,7 +7,7 @@
 #include <system_error>
 #include <tuple>
 
-#include "platform/Events.h"
+#include "platform/EventQueue.h"
 #include "platform/Fault.h"
 #include "platform/TextCoding.h"
 #include "platform/Texts.h"
@@ -44,7 +44,7 @@ void FileList::Create(Container& container, const std::string& name, Place place
     QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this] {
         const int row = list_->currentRow();
         if (Click && row >= 0) {
-            RunHandler([&] { Click(Element(names_, row)); });
+            Raise(*list_, [&] { Click(Element(names_, row)); });
         }
     });
     Adopt(list_, name, place);

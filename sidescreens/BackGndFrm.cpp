@@ -22,6 +22,7 @@ void BackGndFrm::MakeControls() {
     DummyCmd.Create(Window, "DummyCmd", {12, Height + 40, 80, 24}, "DummyCmd");
     ImageFiles.Create(Window, "ImageFiles", {12, 12, 196, Height - 24});
     ImageFiles.SetAccessibleName("Background pictures");
+    DummyCmd.HoldFocusFor({&ImageFiles});
     ImageFiles.Click = [this](const std::string& name) { ImageFiles_Click(name); };
     PreviewImg.Create(Window, "PreviewImg", Preview);
     PreviewImg.SetStretch(true);

@@ -27,16 +27,11 @@ protected:
     void SetUp() override {
         ScreenTest::SetUp();
         HelpText.clear();
-        std::filesystem::remove(HelpFile);
+        HelpFile = PathOf("FB_Editor.Help");
         OpenMain(120, 2);
         LevelPath = PathOf("level.fbl");
         AddBadGuy({4, "spiky", 65, 100, 1});
         UpdateDisplay();
-    }
-
-    void TearDown() override {
-        ScreenTest::TearDown();
-        std::filesystem::remove(HelpFile);
     }
 
     static void OpenBadGuy() { RightClickOn(Main, "BGImg(0)"); }
@@ -70,7 +65,7 @@ protected:
         ClickOn(Info, "CreateCmd");
     }
 
-    const std::string HelpFile = JoinPath(ProgramFolder(), "FB_Editor.Help");
+    std::string HelpFile;
 };
 
 TEST_F(SideScreensTest, EachOpensOverADeafMainFrmAndKeepsItsPlace) {
@@ -131,7 +126,7 @@ TEST_F(SideScreensTest, TheHelpIsReadOnceAndSaved) {
     Type(Help, "HelpBox", "more");
     CloseScreen(Help);
     OpenHelp();
-    EXPECT_EQ(StatesOf(Help, {"HelpBox", "SaveHelpCmd"}), (Texts{"one\u240Atwo\n\nthree\n", "hidden"}));
+    EXPECT_EQ(StatesOf(Help, {"HelpBox", "SaveHelpCmd"}), (Texts{"one\u2193two\n\nthree\n", "hidden"}));
 }
 
 TEST_F(SideScreensTest, TextScreenShowsWhatWouldBeWritten) {

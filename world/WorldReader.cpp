@@ -291,7 +291,7 @@ void ReadWorldFile(const std::string& path) {
     WorldReadError = 0;
     ResetWorld();
     if (QueryFile(WorldPath) != FileNameOf(WorldPath)) {
-        MessageBox(WorldPath, "Map NOT Found!", MessageButtons::Ok, MessageIcon::Stop);
+        ShowMessage(WorldPath, "Map NOT Found!", MessageButtons::Ok, MessageIcon::Stop);
         return;
     }
     WorldPath = path;
