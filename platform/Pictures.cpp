@@ -1,20 +1,24 @@
 #include "platform/Pictures.h"
 
-#include <QFileInfo>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QImageReader>
 #include <QPixmap>
 #include <utility>
 
 #include "platform/Fault.h"
+#include "platform/Files.h"
 #include "platform/SheetIndex.h"
-#include "platform/TextCoding.h"
 
 extern "C" const unsigned char fb_pictures[];  // in PictureData.cpp; see SheetIndex.h
 
 namespace {
 
 constexpr int SheetColumns = 16;
+
+/// Megabytes that decoding may take: 23000 by 23000 pixels. What claims to be larger is a broken file.
+constexpr int LargestPicture = 2048;
 
 /// At the resolution of the screen: each sheet comes at single and at double size.
 QImage SheetOfScreen(std::string_view name) {
@@ -97,14 +101,21 @@ const ImageList& WTBImages() {
 
 Picture FixedPicture(std::string_view name) { return Picture(SheetOfScreen(name)); }
 
-Picture PictureFromFile(const std::string& path) {
-    const QString file = ShownText(path);
-    if (!QFileInfo::exists(file)) {
-        throw Fault(FaultNumber::FileNotFound);
-    }
-    const QImage image(file);
+Picture PictureFromFile(const std::string& path, int width, int height) {
+    const int file = FreeFileNumber();
+    OpenForInput(file, path);
+    const std::string bytes = ReadBytes(file);
+    CloseFile(file);
+    QByteArray data = QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader::setAllocationLimit(LargestPicture);
+    QImageReader reader(&buffer);
+    const qreal ratio = qGuiApp->devicePixelRatio();
+    reader.setScaledSize((QSizeF(width, height) * ratio).toSize());
+    QImage image = reader.read();
     if (image.isNull()) {
         throw Fault(FaultNumber::InvalidPicture);
     }
-    return Picture(image);
+    image.setDevicePixelRatio(ratio);
+    return Picture(std::move(image));
 }

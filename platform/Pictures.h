@@ -60,5 +60,6 @@ const ImageList& WTBImages();     ///< 6 of 24 by 23, the buttons of WorldFrm's 
 /// such sheet.
 [[nodiscard]] QImage SheetPixels(std::string_view name, int zoom);
 
-/// The picture in the file at `path`. Fault 53 if there is none, 481 if the toolkit cannot read it.
-[[nodiscard]] Picture PictureFromFile(const std::string& path);
+/// The picture in the file at `path`, at the size of `width` by `height` pixels at which it is shown. Fault 53 if there
+/// is none, 481 if the toolkit cannot read it, and those of OpenForInput.
+[[nodiscard]] Picture PictureFromFile(const std::string& path, int width, int height);
