@@ -11,7 +11,7 @@
 #include "platform/Files.h"
 #include "platform/SheetIndex.h"
 
-extern "C" const unsigned char fb_pictures[];  // in PictureData.cpp; see SheetIndex.h
+extern "C" const SheetEntry fb_pictures[];  // and the pixels; in PictureData.cpp
 
 namespace {
 
@@ -31,9 +31,10 @@ QImage SheetOfScreen(std::string_view name) {
 }  // namespace
 
 QImage SheetPixels(std::string_view name, int zoom) {
-    for (const auto* entry = reinterpret_cast<const SheetEntry*>(fb_pictures); entry->name[0] != 0; ++entry) {
+    const auto* bytes = static_cast<const unsigned char*>(static_cast<const void*>(fb_pictures));
+    for (const SheetEntry* entry = fb_pictures; entry->name[0] != 0; ++entry) {
         if (entry->name.data() == name && entry->zoom == static_cast<std::uint32_t>(zoom)) {
-            return {fb_pictures + entry->offset, static_cast<int>(entry->width), static_cast<int>(entry->height),
+            return {bytes + entry->offset, static_cast<int>(entry->width), static_cast<int>(entry->height),
                     QImage::Format_ARGB32_Premultiplied};
         }
     }
