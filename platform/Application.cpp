@@ -33,11 +33,7 @@ QPalette LightPalette() {
 
 }  // namespace
 
-// The pictures are part of a library, and would be left out without a word for them.
-static void InitPictures() { Q_INIT_RESOURCE(pictures); }
-
 void PrepareToolkit() {
-    InitPictures();
     // The toolkit has just set the whole locale; our number texts have a separator of their own.
     UseSystemDecimalSeparator();
     std::setlocale(LC_NUMERIC, "C");

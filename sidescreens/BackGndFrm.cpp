@@ -46,7 +46,8 @@ void BackGndFrm::Load() {
 void BackGndFrm::ImageFiles_Click(const std::string& name) {
     ChosenBackground = name;
     const std::string path = JoinPath(BackgroundFolder, name);
-    PreviewImg.SetPicture(EndsInPng(path) ? PNGImage.Shown() : PictureFromFile(path));
+    PreviewImg.SetPicture(EndsInPng(path) ? PNGImage.Shown()
+                                          : PictureFromFile(path, PreviewImg.Width(), PreviewImg.Height()));
 }
 
 /// Without a click before, the level loses its background.

@@ -161,6 +161,9 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
     picture.fill(QColor(200, 30, 30));
     picture.save(QString::fromStdString(PathOf("back.jpg")));
     picture.save(QString::fromStdString(PathOf("Back.bmp")));
+    std::string large = FileText(PathOf("Back.bmp")).substr(0, 54);
+    large.replace(18, 8, std::string("\x70\x17\0\0\x70\x17\0\0", 8));  // 6000 by 6000 pixels of 3 bytes, all black
+    std::filesystem::resize_file(Store("na\xEFve.bmp", large), 54 + 3 * 6000 * 6000);  // a name that is not UTF-8
     for (const char* name : {"BACK.PNG", "ocean.png", "xpng", ".hidden"}) {
         Store(name, "not read");
     }
@@ -175,7 +178,7 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
         for (int row = 0; row < list.count(); ++row) {
             names.push_back(list.item(row)->text().toStdString());
         }
-        EXPECT_EQ(names, (Texts{".hidden", "Back.bmp", "back.jpg", "BACK.PNG", "ocean.png", "xpng"}));
+        EXPECT_EQ(names, (Texts{".hidden", "Back.bmp", "back.jpg", "BACK.PNG", "naïve.bmp", "ocean.png", "xpng"}));
         list.setFocus(Qt::TabFocusReason);  // must not choose by itself
         const Picture fixed = CellOf(Picker, "PNGImage").Shown();
         EXPECT_TRUE(shown() != Picture() && shown() != fixed);
@@ -185,6 +188,9 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
             ClickFile(name);
             EXPECT_EQ(shown(), fixed) << name;
         }
+        ClickFile("na\xEFve.bmp");
+        EXPECT_LT(red(), 20);
+        EXPECT_EQ(shown().Pixmap()->size(), QSize(324, 243)) << "decoded at the size of the cell";
         ClickOn(Picker, "CancelCmd");
     });
     EXPECT_EQ(LevelRecord.background, "old.png");
