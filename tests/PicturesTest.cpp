@@ -23,7 +23,7 @@ constexpr Sheet Sheets[] = {{"BlockImgList", 204, 32, 32}, {"WorldImages", 76, 3
                             {"TBImages", 10, 24, 23},      {"WTBImages", 6, 24, 23},    {"NukIcon", 1, 44, 44},
                             {"NukImage", 1, 42, 65},       {"ResetImg", 1, 32, 32},     {"NukImg", 1, 32, 32},
                             {"BlankImg", 1, 32, 32},       {"ObjIndImg", 1, 16, 16},    {"BGIndImg", 1, 16, 16},
-                            {"LinkIndImg", 1, 16, 16},     {"zBGImg", 1, 64, 64},       {"PreviewImg", 1, 160, 120},
+                            {"LinkIndImg", 1, 16, 16},     {"zBGImg", 1, 64, 64},       {"PreviewImg", 1, 324, 243},
                             {"PNGImage", 1, 640, 480},     {"ProgramIcon", 1, 64, 64}};
 
 /// The pictures of a list; element 0 is picture 1.
