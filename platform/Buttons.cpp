@@ -24,7 +24,8 @@ void RaiseFromCode(const std::function<void()>& handler) {
     }
 }
 
-/// One of the toolkit's buttons, which tools press as a hand does.
+/// One of the toolkit's buttons, which tools press as a hand does. It gets its caption when it is made: the toolkit
+/// tells tools of a caption at once, and they would take a half-made button for a plain one.
 template <typename Base, QAccessible::Role What>
 class PressableButton : public Base, public Pressable {
 public:
@@ -93,7 +94,8 @@ private:
 };
 
 void CheckBox::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
-    box_ = new PressableButton<QCheckBox, QAccessible::CheckBox>(ShownText(caption), container.ContainerWidget());
+    box_ = new PressableButton<QCheckBox, QAccessible::CheckBox>(container.ContainerWidget());
+    box_->setText(ShownText(caption));
     QObject::connect(box_, &QCheckBox::clicked, box_, [this] { Raise(*box_, Click); });
     Adopt(box_, name, place);
 }
@@ -111,8 +113,8 @@ void CheckBox::SetValue(int value) {
 Int16 CheckBox::Value() const { return box_->isChecked() ? 1 : 0; }
 
 void OptionButton::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
-    button_ =
-        new PressableButton<QRadioButton, QAccessible::RadioButton>(ShownText(caption), container.ContainerWidget());
+    button_ = new PressableButton<QRadioButton, QAccessible::RadioButton>(container.ContainerWidget());
+    button_->setText(ShownText(caption));
     QObject::connect(button_, &QRadioButton::clicked, button_, [this] { Raise(*button_, Click); });
     Adopt(button_, name, place);
 }
@@ -127,7 +129,8 @@ void OptionButton::Select() {
 bool OptionButton::Selected() const { return button_->isChecked(); }
 
 void Button::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
-    button_ = new PushButton(ShownText(caption), container.ContainerWidget());
+    button_ = new PushButton(container.ContainerWidget());
+    button_->setText(ShownText(caption));
     QObject::connect(button_, &QPushButton::clicked, button_, [this] { Raise(*button_, Click); });
     Adopt(button_, name, place);
 }

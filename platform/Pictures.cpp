@@ -43,7 +43,8 @@ QImage SheetPixels(std::string_view name, int zoom) {
 
 // The toolkit finds out by itself whether a picture is opaque. One that is gets copied to the screen, others must be
 // blended: an order of magnitude for the map's hundreds of cells.
-Picture::Picture(QImage image) : pixmap_(std::make_shared<const QPixmap>(QPixmap::fromImage(std::move(image)))) {}
+Picture::Picture(QImage image, int number)
+    : pixmap_(std::make_shared<const QPixmap>(QPixmap::fromImage(std::move(image)))), number_(number) {}
 
 ImageList::ImageList(std::string_view name, int count, int width, int height)
     : sheet_(std::make_unique<const QImage>(SheetOfScreen(name))),
@@ -59,7 +60,7 @@ const Picture& ImageList::operator[](int index) const {
     }
     Picture& picture = pictures_[static_cast<std::size_t>(index) - 1];
     if (picture.Pixmap() == nullptr) {
-        picture = Picture(CutOut(index - 1));
+        picture = Picture(CutOut(index - 1), index);
     }
     return picture;
 }
@@ -104,9 +105,9 @@ Picture FixedPicture(std::string_view name) { return Picture(SheetOfScreen(name)
 
 Picture PictureFromFile(const std::string& path, int width, int height) {
     const int file = FreeFileNumber();
+    const FileCloser closer(file);
     OpenForInput(file, path);
     const std::string bytes = ReadBytes(file);
-    CloseFile(file);
     QByteArray data = QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size()));
     QBuffer buffer(&data);
     QImageReader::setAllocationLimit(LargestPicture);

@@ -13,15 +13,19 @@ class QPixmap;
 class Picture {
 public:
     Picture() = default;
-    explicit Picture(QImage image);
+    explicit Picture(QImage image, int number = 0);
 
     [[nodiscard]] const QPixmap* Pixmap() const { return pixmap_.get(); }
+
+    /// Its number in its list, from 1; 0 for one of no list.
+    [[nodiscard]] int Number() const { return number_; }
 
     /// The same picture, not merely an equal one.
     bool operator==(const Picture&) const = default;
 
 private:
     std::shared_ptr<const QPixmap> pixmap_;
+    int number_ = 0;
 };
 
 /// A list of equally large pictures, cut from one of the sheets that the program carries, numbered from 1. A picture

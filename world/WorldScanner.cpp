@@ -1,7 +1,6 @@
 #include "world/WorldScanner.h"
 
 #include "platform/Conversions.h"
-#include "platform/Events.h"
 #include "platform/Texts.h"
 
 namespace {
@@ -108,10 +107,9 @@ std::string WorldScanner::ReadQuoted() {
             return quoted;
         }
         if (character == Beyond) {
-            YieldToEventQueue();  // from here on for ever, so the user must be able to close the program
-        } else {
-            quoted += static_cast<char>(character);
+            throw UnclosedQuote();
         }
+        quoted += static_cast<char>(character);
     }
 }
 
