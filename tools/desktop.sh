@@ -1,8 +1,15 @@
 # A desktop of its own for the shipped program: a display in memory, a window manager, and the hand that clicks.
-# To be sourced by bash scripts that set `program` and `root` (the program, the project's folder).
+# To be sourced by bash scripts that set `program` and `root` (the program, the project's folder). Sets `work`, the
+# folder of the program, which goes at the end.
 
-work=${work:-$(mktemp -d)}
-trap 'kill $(jobs -p) 2> /dev/null || true; wait; rm -rf "$work"' EXIT
+work=$(mktemp -d)
+tidy_up() {
+    # shellcheck disable=SC2046  # one word a job
+    kill $(jobs -p) 2> /dev/null || true
+    wait
+    rm -rf "$work"
+}
+trap tidy_up EXIT
 
 # The program writes beside itself, so it gets a folder of its own with a fresh copy of the sample game.
 cp "$program" "$work/FB_Editor"
