@@ -28,6 +28,15 @@ fb_install_debian(FILES share/metainfo ${linux}/example.floebird.fb_editor.metai
 fb_install_debian(FILES share/mime/packages ${linux}/fb-editor.xml)
 fb_install_debian(FILES share/doc/fb-editor ${linux}/copyright)
 
+# The version stands in these, too.
+foreach(page IN ITEMS CHANGELOG.md packaging/linux/changelog packaging/linux/fb-editor.6
+                      packaging/linux/example.floebird.fb_editor.metainfo.xml)
+    file(STRINGS ${page} version_lines REGEX "[^0-9]${PROJECT_VERSION}[^0-9]")
+    if(NOT version_lines)
+        message(WARNING "${page} does not name version ${PROJECT_VERSION}")
+    endif()
+endforeach()
+
 # Pages that a Debian system expects packed, without the time of packing.
 set(made_files "")
 function(fb_install_packed source name destination)
