@@ -1,0 +1,93 @@
+#include <regex>
+#include <sstream>
+
+#include "core/General.h"
+#include "level/LevelReader.h"
+#include "level/LevelWriter.h"
+#include "platform/Files.h"
+#include "tests/ModelTest.h"
+#include "world/WorldReader.h"
+#include "world/WorldWriter.h"
+
+// What the pages about the file formats show is what the program reads and writes.
+
+namespace {
+
+using FormatPagesTest = ModelTest;
+
+/// A page: its example, which is the fenced block of `language`, and what its rows of "| `read` | `written` |" say.
+struct Page {
+    Page(const std::string& name, const std::string& language) {
+        const std::string text = FileText(DOCS_FOLDER "/" + name);
+        const std::string fence = "\n```" + language + "\n";
+        const std::size_t start = text.find(fence) + fence.size();
+        example = text.substr(start, text.find("\n```\n", start) + 1 - start);
+        const std::regex row("\n\\| `(\\(.*)` \\| `(.*)` \\|(?=\n)");
+        for (std::sregex_iterator at(text.begin(), text.end(), row), end; at != end; ++at) {
+            forgiven.emplace_back((*at)[1], (*at)[2]);
+        }
+    }
+    std::string example;
+    std::vector<std::pair<std::string, std::string>> forgiven;
+};
+
+/// The bytes of a dump such as `01 00 "text" *3 | comment`, where *3 stands for three zeros.
+std::string BytesOf(const std::string& dump) {
+    std::string bytes;
+    std::istringstream words(dump);
+    for (std::string word; words >> word;) {
+        switch (word[0]) {
+            case '|': std::getline(words, word); break;
+            case '*': bytes.append(std::stoul(word.substr(1)), '\0'); break;
+            case '"': bytes.append(word, 1, word.size() - 2); break;
+            default: bytes += static_cast<char>(std::stoi(word, nullptr, 16));
+        }
+    }
+    return bytes;
+}
+
+TEST_F(FormatPagesTest, LevelFiles) {
+    const auto written = [&](const std::string& bytes) {
+        ReadLevelFile(Store("level.fbl", bytes));
+        UseUnixLineEnds();
+        BuildLevelText();
+        return LevelText;
+    };
+    const Page page("level-format.md", "fbl");
+    EXPECT_EQ(written(page.example), page.example);
+    EXPECT_EQ(page.forgiven.size(), 15U);
+    for (const auto& [line, back] : page.forgiven) {
+        EXPECT_NE(written(";\r\n(floebird-level\r\n" + line + "\r\n").find("  " + back + "\n"), std::string::npos)
+            << line;
+    }
+}
+
+TEST_F(FormatPagesTest, WorldMapFiles) {
+    const auto written = [&](const std::string& bytes) {
+        ReadWorldFile(Store("map.fbwm", bytes));
+        BuildWorldText();
+        return WorldOutput;
+    };
+    const Page page("world-format.md", "fbwm");
+    EXPECT_EQ(written(page.example), page.example);
+    EXPECT_EQ(page.forgiven.size(), 6U);
+    for (const auto& [key, back] : page.forgiven) {
+        const std::string bytes =
+            "(floebird-worldmap (tilemap (width 1) (height 1) (data 0)) (properties " + key + "))\n";
+        EXPECT_NE(written(bytes).find("    " + back), std::string::npos) << key;
+    }
+}
+
+TEST_F(FormatPagesTest, Preferences) {
+    const std::string path = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
+    const std::string bytes = BytesOf(Page("preferences-format.md", "prefs").example);
+    WriteFile(path, bytes);
+    LoadPreferences();
+    std::filesystem::remove(path);
+    EXPECT_EQ(PrefsRecord.DefaultAuthor, "Ann");
+    SavePreferences();
+    EXPECT_EQ(FileText(path), bytes);
+    std::filesystem::remove(path);
+}
+
+}  // namespace
