@@ -1,10 +1,9 @@
 #include <regex>
 #include <sstream>
 
-#include "core/General.h"
+#include "core/LineEnds.h"
 #include "level/LevelReader.h"
 #include "level/LevelWriter.h"
-#include "platform/Files.h"
 #include "tests/ModelTest.h"
 #include "world/WorldReader.h"
 #include "world/WorldWriter.h"
@@ -79,15 +78,13 @@ TEST_F(FormatPagesTest, WorldMapFiles) {
 }
 
 TEST_F(FormatPagesTest, Preferences) {
-    const std::string path = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
     const std::string bytes = BytesOf(Page("preferences-format.md", "prefs").example);
-    WriteFile(path, bytes);
+    const std::string path = Store("FB_Editor.Preferences", bytes);
     LoadPreferences();
-    std::filesystem::remove(path);
     EXPECT_EQ(PrefsRecord.DefaultAuthor, "Ann");
+    std::filesystem::remove(path);
     SavePreferences();
     EXPECT_EQ(FileText(path), bytes);
-    std::filesystem::remove(path);
 }
 
 }  // namespace
