@@ -1,4 +1,3 @@
-#include <regex>
 #include <sstream>
 
 #include "core/LineEnds.h"
@@ -21,9 +20,12 @@ struct Page {
         const std::string fence = "\n```" + language + "\n";
         const std::size_t start = text.find(fence) + fence.size();
         example = text.substr(start, text.find("\n```\n", start) + 1 - start);
-        const std::regex row("\n\\| `(\\(.*)` \\| `(.*)` \\|(?=\n)");
-        for (std::sregex_iterator at(text.begin(), text.end(), row), end; at != end; ++at) {
-            forgiven.emplace_back((*at)[1], (*at)[2]);
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            const std::size_t middle = line.find("` | `");
+            if (line.starts_with("| `(") && middle != std::string::npos) {
+                forgiven.emplace_back(line.substr(3, middle - 3), line.substr(middle + 5, line.size() - middle - 8));
+            }
         }
     }
     std::string example;
