@@ -36,11 +36,37 @@ void OnLoaded(const ScreenHolder<Form>& holder, Work work) {
     }
 }
 
+/// What becomes of the screen below while a side screen is open.
+enum class Meanwhile {
+    Enabled,   ///< works on
+    Disabled,  ///< takes no input
+    Busy,      ///< the same, under the hourglass
+};
+
+template <typename Form>
+void SetCovered(const ScreenHolder<Form>& below, Meanwhile meanwhile, bool covered) {
+    OnLoaded(below, [&](Form& form) {
+        if (meanwhile != Meanwhile::Enabled) {
+            form.Window.SetEnabled(!covered);
+        }
+        if (meanwhile == Meanwhile::Busy) {
+            covered ? form.Window.SetHourglass() : form.Window.SetDefaultPointer();
+        }
+    });
+}
+
+/// Covers the screen below for as long as the other one is open: from before its loading, in which it may yield.
+template <typename Below, typename Form>
+Form& LoadAbove(const ScreenHolder<Below>& below, ScreenHolder<Form>& holder, Meanwhile meanwhile) {
+    SetCovered(below, meanwhile, true);
+    return holder.Load([&below, meanwhile] { SetCovered(below, meanwhile, false); });
+}
+
 /// Makes and shows a side screen in front of the screen that it belongs to; there is none without that one.
 template <typename Below, typename Form>
-void ShowAbove(const ScreenHolder<Below>& below, ScreenHolder<Form>& holder) {
+void ShowAbove(const ScreenHolder<Below>& below, ScreenHolder<Form>& holder, Meanwhile meanwhile) {
     OnLoaded(below, [&](Below& under) {
-        Screen& window = holder.Load().Window;
+        Screen& window = LoadAbove(below, holder, meanwhile).Window;
         window.KeepAbove(under.Window);
         window.Show();
     });
@@ -52,13 +78,6 @@ void LoadMainFrm() { mainFrm.Load(); }
 void ShowMainFrm() {
     OnLoaded(mainFrm, [](MainFrm& form) { form.Window.Show(); });
 }
-void EnableMainFrm(bool enabled) {
-    OnLoaded(mainFrm, [&](MainFrm& form) { form.Window.SetEnabled(enabled); });
-}
-void SetMainFrmBusy(bool busy) {
-    EnableMainFrm(!busy);
-    OnLoaded(mainFrm, [&](MainFrm& form) { busy ? form.Window.SetHourglass() : form.Window.SetDefaultPointer(); });
-}
 void ClearBadGuySlots() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::ClearBGSlots)); }
 void SetMapXScrollMax(Int16 maximum) {
     OnLoaded(mainFrm, [&](MainFrm& form) { form.MapXScroll.SetMax(maximum); });
@@ -68,36 +87,20 @@ void ShowFileName(const std::string& text) {
 }
 void UpdateDisplay() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::UpdateDisplay)); }
 
-void OpenVarsFrm() {
-    SetMainFrmBusy(true);
-    ShowAbove(mainFrm, varsFrm);
-}
-void EnableVarsFrm(bool enabled) {
-    OnLoaded(varsFrm, [&](VarsFrm& form) { form.Window.SetEnabled(enabled); });
-}
-void OpenBackGndFrm() { ShowAbove(varsFrm, backGndFrm); }
-void OpenNewInfoFrm() { ShowAbove(mainFrm, newInfoFrm); }
-void OpenNukTextFrm() {
-    SetMainFrmBusy(true);
-    ShowAbove(mainFrm, nukTextFrm);
-}
-void OpenBadGuyEditor() {
-    EnableMainFrm(false);
-    ShowAbove(mainFrm, bgEditFrm);
-}
-void OpenHelpFrm() {
-    EnableMainFrm(false);
-    ShowAbove(mainFrm, helpFrm);
-}
+void OpenVarsFrm() { ShowAbove(mainFrm, varsFrm, Meanwhile::Busy); }
+void OpenBackGndFrm() { ShowAbove(varsFrm, backGndFrm, Meanwhile::Disabled); }
+void OpenNewInfoFrm() { ShowAbove(mainFrm, newInfoFrm, Meanwhile::Enabled); }
+void OpenNukTextFrm() { ShowAbove(mainFrm, nukTextFrm, Meanwhile::Busy); }
+void OpenBadGuyEditor() { ShowAbove(mainFrm, bgEditFrm, Meanwhile::Disabled); }
+void OpenHelpFrm() { ShowAbove(mainFrm, helpFrm, Meanwhile::Disabled); }
 
-bool OpenWorldFrm() {
-    worldFrm.Load().Window.Show();
-    return worldFrm.Loaded() != nullptr;
-}
-void EnableWorldFrm(bool enabled) {
-    OnLoaded(worldFrm, [&](WorldFrm& form) { form.Window.SetEnabled(enabled); });
+void OpenWorldFrm() {
+    LoadAbove(mainFrm, worldFrm, Meanwhile::Busy).Window.Show();
+    if (worldFrm.Loaded() != nullptr) {  // otherwise its user has closed it in a long read, which has shown MainFrm
+        OnLoaded(mainFrm, [](MainFrm& form) { form.Window.Hide(); });
+    }
 }
 void UpdateWorld() { OnLoaded(worldFrm, std::mem_fn(&WorldFrm::UpdateWorld)); }
-void OpenLinkForm() { ShowAbove(worldFrm, linkForm); }
-void OpenTypePicker() { ShowAbove(linkForm, typeFrm); }
-void OpenWorldProperties() { ShowAbove(worldFrm, worldPropertiesFrm); }
+void OpenLinkForm() { ShowAbove(worldFrm, linkForm, Meanwhile::Disabled); }
+void OpenTypePicker() { ShowAbove(linkForm, typeFrm, Meanwhile::Enabled); }
+void OpenWorldProperties() { ShowAbove(worldFrm, worldPropertiesFrm, Meanwhile::Disabled); }

@@ -16,23 +16,19 @@ void ShowMainFrm();                          ///< shows it, also after the world
 void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the map view
 void ShowFileName(const std::string& text);  ///< puts `text` into FileNameBox
 void UpdateDisplay();                        ///< redraws the whole screen from the records
-void EnableMainFrm(bool enabled);            ///< whether it takes input
-void SetMainFrmBusy(bool busy);              ///< disabled under the hourglass, as while a side screen is open
 void ClearBadGuySlots();                     ///< forgets which bad guy each sprite shows
 
-// The side screens.
-void OpenVarsFrm();                ///< the variables of the level; MainFrm is busy until it closes
-void EnableVarsFrm(bool enabled);  ///< whether it takes input
-void OpenBackGndFrm();             ///< the choice of a background; sets ModalDone when it closes
-void OpenNewInfoFrm();             ///< the texts of a new level set; sets ModalDone when it closes
-void OpenNukTextFrm();             ///< the texts of the level and of its INFO file; MainFrm is busy until it closes
-void OpenBadGuyEditor();           ///< the properties of SelectedBadGuy; MainFrm is disabled until it closes
-void OpenHelpFrm();                ///< the help text; MainFrm is disabled until it closes
+// The side screens. What opening one takes from the screen below, its closing gives back before its Unload runs.
+void OpenVarsFrm();       ///< the variables of the level; MainFrm is busy until it closes
+void OpenBackGndFrm();    ///< the choice of a background; VarsFrm is disabled; sets ModalDone when it closes
+void OpenNewInfoFrm();    ///< the texts of a new level set; MainFrm stays enabled; sets ModalDone when it closes
+void OpenNukTextFrm();    ///< the texts of the level and of its INFO file; MainFrm is busy until it closes
+void OpenBadGuyEditor();  ///< the properties of SelectedBadGuy; MainFrm is disabled until it closes
+void OpenHelpFrm();       ///< the help text; MainFrm is disabled until it closes
 
 // The world map editor and its side screens.
-bool OpenWorldFrm();                ///< loads and shows it; false if its user has closed it in a long read
-void EnableWorldFrm(bool enabled);  ///< whether it takes input
-void UpdateWorld();                 ///< redraws the whole screen from WorldRecord
-void OpenLinkForm();                ///< the editor of link CurrentLink; WorldFrm is enabled when it closes
-void OpenTypePicker();              ///< the choice of a link's type; sets ModalDone when it closes
-void OpenWorldProperties();         ///< the scalar fields of the world; WorldFrm is enabled when it closes
+void OpenWorldFrm();         ///< MainFrm is busy until it closes, and hidden once it has loaded
+void UpdateWorld();          ///< redraws the whole screen from WorldRecord
+void OpenLinkForm();         ///< the editor of link CurrentLink; WorldFrm is disabled until it closes
+void OpenTypePicker();       ///< the choice of a link's type; LinkForm stays enabled; sets ModalDone when it closes
+void OpenWorldProperties();  ///< the scalar fields of the world; WorldFrm is disabled until it closes

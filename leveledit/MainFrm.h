@@ -191,5 +191,4 @@ struct MainFrm {
     void LoadLevelDialog();
     void SaveLevelDialog();
     void SaveCommand();
-    void WorldEditorCommand();
 };

@@ -23,7 +23,7 @@ void MainFrm::TB_ButtonClick(int Position) {
         case 8: SaveLevelDialog(); break;
         case 10: OpenVarsFrm(); break;
         case 11: OpenNukTextFrm(); break;
-        case 13: WorldEditorCommand(); break;
+        case 13: OpenWorldFrm(); break;
         case 15: OpenHelpFrm(); break;
         case 17: Window.Close(); break;
         default: break;
@@ -69,12 +69,4 @@ void MainFrm::SaveCommand() {
         WriteLevelFile(LevelPath);
     }
     Window.SetTitle(TitleText);
-}
-
-void MainFrm::WorldEditorCommand() {
-    Window.SetHourglass();
-    if (OpenWorldFrm()) {  // otherwise its closing has brought this screen back already
-        Window.SetEnabled(false);
-        Window.Hide();
-    }
 }

@@ -56,8 +56,10 @@ void Screen::Close() {
     if (!std::exchange(loaded_, false)) {
         return;
     }
-    if (Unload) {
-        Unload();
+    for (const auto& raise : {Uncover, Unload}) {
+        if (raise) {
+            raise();
+        }
     }
     window_->hide();
     ScreenClosed(*this);

@@ -15,6 +15,9 @@ public:
     /// Raised once when the screen closes, by whatever way. The screen's controls still exist then.
     std::function<void()> Unload;
 
+    /// Raised just before it: gives back to the screen below what opening this one has taken from it.
+    std::function<void()> Uncover;
+
     Screen();
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
@@ -86,11 +89,13 @@ private:
 template <typename Form>
 class ScreenHolder {
 public:
-    /// The instance, loaded if it was not yet. What leaves `Form::Load` leaves no half-made instance behind.
-    Form& Load() {
+    /// The instance, loaded if it was not yet; closing it runs `uncover`, also while it still loads. What leaves
+    /// `Form::Load` leaves no half-made instance behind.
+    Form& Load(std::function<void()> uncover = {}) {
         if (form_ == nullptr) {
             form_ = std::make_shared<Form>();
             const std::shared_ptr<Form> loading = form_;
+            loading->Window.Uncover = std::move(uncover);
             loading->Window.SetRetire([this] { return std::shared_ptr<void>(std::move(form_)); });
             try {
                 loading->Load();

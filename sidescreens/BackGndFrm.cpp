@@ -2,7 +2,6 @@
 
 #include "core/General.h"
 #include "core/ScreenPositions.h"
-#include "core/Screens.h"
 #include "core/SharedState.h"
 #include "platform/Texts.h"
 
@@ -59,5 +58,4 @@ void BackGndFrm::OKCmd_Click() {
 void BackGndFrm::Unload() {
     StorePosition(Window, ScreenIndex::BackGndFrm);
     ModalDone = True;
-    EnableVarsFrm(true);
 }

@@ -2,7 +2,6 @@
 
 #include "core/General.h"
 #include "core/ScreenPositions.h"
-#include "core/Screens.h"
 #include "core/SharedState.h"
 #include "platform/Files.h"
 
@@ -23,7 +22,6 @@ void HelpFrm::Load() {
 
 void HelpFrm::Unload() {
     StorePosition(Window, ScreenIndex::HelpFrm);
-    EnableMainFrm(true);
 }
 
 void HelpFrm::LoadHelpText() {

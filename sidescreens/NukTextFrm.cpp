@@ -3,7 +3,6 @@
 #include "core/General.h"
 #include "core/LineEnds.h"
 #include "core/ScreenPositions.h"
-#include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/InfoFile.h"
 #include "level/LevelWriter.h"
@@ -22,7 +21,6 @@ void NukTextFrm::Load() {
 void NukTextFrm::Unload() {
     StorePosition(Window, ScreenIndex::NukTextFrm);
     InfoPath = InfoName;
-    SetMainFrmBusy(false);
 }
 
 /// Reads the INFO file at InfoName and shows its text, in the line ends that the boxes break at.

@@ -83,7 +83,6 @@ void VarsFrm::Load() {
 
 void VarsFrm::Unload() {
     StorePosition(Window, ScreenIndex::VarsFrm);
-    SetMainFrmBusy(false);
     if (IsBlank(PrefsRecord.DefaultAuthor)) {
         PrefsRecord.DefaultAuthor = LevelRecord.author;
     }
@@ -195,9 +194,7 @@ void VarsFrm::ThemeBox_Click() {
     }
 }
 
-/// BackGndFrm enables this screen again when it closes.
 void VarsFrm::ChooseBackground() {
-    Window.SetEnabled(false);
     OpenAndWait(OpenBackGndFrm);
     BackgroundBox.SetCaption(LevelRecord.background);
 }

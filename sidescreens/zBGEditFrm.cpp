@@ -23,7 +23,6 @@ void zBGEditFrm::Load() {
 
 void zBGEditFrm::Unload() {
     StorePosition(Window, ScreenIndex::zBGEditFrm);
-    EnableMainFrm(true);
 }
 
 void zBGEditFrm::UpdateBadGuyDisplay() {

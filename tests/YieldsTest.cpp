@@ -99,7 +99,6 @@ TEST_F(YieldsTest, AWorldWithAnUnclosedQuoteCanOnlyBeClosed) {
     const std::string bytes = FileText(path);
     WorldChanged = True;  // from the world before, which is lost
     OpenWorld();
-    SetMainFrmBusy(true);
     dialogs.files = {path};
     ClickWith(
         Editor, "WTB(3)",
@@ -133,9 +132,7 @@ TEST_F(YieldsTest, AClosedScreenDoesNotComeBack) {
     DeliverEvents();
     EXPECT_FALSE(IsOpen(Editor));
     EXPECT_FALSE(IsOpen(LinkEditor));
-    EnableWorldFrm(true);
     UpdateWorld();
-    EnableVarsFrm(true);
     OpenLinkForm();
     EXPECT_FALSE(IsOpen(Editor) || IsOpen("VarsFrm") || IsOpen(LinkEditor));
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);

@@ -104,7 +104,6 @@ void LinkForm::FocusFirstField() {
 void LinkForm::Unload() {
     StorePosition(Window, ScreenIndex::LinkForm);
     WorldChanged = True;
-    EnableWorldFrm(true);
     UpdateWorld();
 }
 

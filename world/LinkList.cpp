@@ -46,14 +46,9 @@ void WorldFrm::ShowLinkPosition() {
     LinkDYBox.SetVisible(leadsOn);
 }
 
-void WorldFrm::ShowLinkEditor() {
-    Window.SetEnabled(false);
-    OpenLinkForm();
-}
-
 void WorldFrm::LinkRow_Click(int Index) {
     CurrentLink = LinkScroll.Value() + Index + 1;
-    ShowLinkEditor();
+    OpenLinkForm();
 }
 
 void WorldFrm::LinkScroll_Change() {
@@ -71,7 +66,7 @@ void WorldFrm::DotImg_MouseDown(int Index, int Button) {
         LinkScroll.SetValue(std::clamp<int>(Index - (LinkRows - 1), 0, LinkScroll.Max()));
     }
     if (Button == RightButton) {
-        ShowLinkEditor();
+        OpenLinkForm();
     }
     UpdateWorld();
 }

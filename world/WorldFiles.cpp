@@ -27,10 +27,7 @@ void WorldFrm::WTB_ButtonClick(int Position) {
             BuildWorldText();
             SaveWorldAsDialog();
             break;
-        case 8:
-            Window.SetEnabled(false);
-            OpenWorldProperties();
-            break;
+        case 8: OpenWorldProperties(); break;
         case 10: Window.Close(); break;
         default: break;
     }
@@ -64,7 +61,6 @@ void WorldFrm::NewWorld() {
     }
     ClearWorld();
     NewWorldPending = True;
-    Window.SetEnabled(false);
     OpenWorldProperties();
 }
 

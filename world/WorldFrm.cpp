@@ -77,6 +77,5 @@ void WorldFrm::Unload() {
             WriteWorldFile(WorldPath);
         }
     }
-    SetMainFrmBusy(false);
     ShowMainFrm();
 }

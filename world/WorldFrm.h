@@ -113,7 +113,6 @@ struct WorldFrm {
     void DrawLinkList();
     void DrawLinkRow(int row);
     void ShowLinkPosition();
-    void ShowLinkEditor();
     void LinkRow_Click(int Index);
     void LinkScroll_Change();
     void DotImg_MouseDown(int Index, int Button);

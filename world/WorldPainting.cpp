@@ -1,3 +1,4 @@
+#include "core/Screens.h"
 #include "core/SharedState.h"
 #include "world/WorldFrm.h"
 #include "world/WorldReader.h"
@@ -102,7 +103,7 @@ void WorldFrm::EditLinkAt(Int16 x, Int16 y, int Button) {
     if (Button == LeftButton && (CurrentLink == 0 || WorldRecord.levels[CurrentLink].type == NoLink)) {
         AddInNewLink(x, y);
     }
-    ShowLinkEditor();
+    OpenLinkForm();
 }
 
 void WorldFrm::SetStart(Int16 x, Int16 y) {

@@ -61,7 +61,6 @@ void WorldPropertiesFrm::Unload() {
         BuildBlankWorld();
         NewWorldPending = False;
     }
-    EnableWorldFrm(true);
     UpdateWorld();
 }
 
