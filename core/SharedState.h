@@ -55,12 +55,21 @@ extern Int16 WorldLoaded;      ///< a world map is in memory and may be shown
 extern Int16 NewWorldPending;  ///< the properties screen was opened for a new world
 extern Int16 WorldChanged;     ///< the world has unsaved changes
 
-// Selections.
+/// What CurrentLayer says: the layer that is shown and edited. AllLayers shows the topmost tile and edits none.
+enum EditLayer { BackgroundLayer = 0, InteractiveLayer = 1, ForegroundLayer = 2, AllLayers = 3 };
+
+/// What CurrentMode says: what the level editor's panel shows and what a click on the map does.
+enum EditMode { TileMode = 0, PlaceBadGuysMode = 1, EditBadGuysMode = 2, EditFavoritesMode = 3 };
+
+/// What CurrentTileSet says: the tiles in the palette.
+enum TileSet { AllTiles = 0, FavoriteTilesA = 1, FavoriteTilesB = 2 };
+
+// Selections. Preferences of another version may bring values that none of the three above has.
 extern Int16 LastMsgResult;     ///< button of the last question: 6 Yes, 7 No, 2 Cancel
 extern Int16 CurrentTile;       ///< tile to paint with, 0 for the blank one
-extern Int16 CurrentLayer;      ///< 0 background, 1 interactive, 2 foreground, 3 all
-extern Int16 CurrentMode;       ///< 0 tiles, 1 place bad guys, 2 edit bad guys, 3 edit favorites
-extern Int16 CurrentTileSet;    ///< 0 all tiles, 1 favorites A, 2 favorites B
+extern Int16 CurrentLayer;      ///< an EditLayer
+extern Int16 CurrentMode;       ///< an EditMode
+extern Int16 CurrentTileSet;    ///< a TileSet
 extern Int16 CurrentObject;     ///< row of BadGuyTypeTable to place, or -1
 extern Int16 SelectedBadGuy;    ///< entry of LevelRecord.objects selected on the map, from 1, or -1
 extern Int16 WorldReadError;    ///< number of the last error of the world reader, 0 for none

@@ -71,11 +71,11 @@ void InitConstants() {
 }
 
 void RestoreSelections() {
-    CurrentLayer = PrefsRecord.SavedLayer > 3 ? Int16(1) : PrefsRecord.SavedLayer;
-    CurrentMode = PrefsRecord.SavedMode > 2 ? Int16(0) : PrefsRecord.SavedMode;
+    CurrentLayer = PrefsRecord.SavedLayer > AllLayers ? Int16(InteractiveLayer) : PrefsRecord.SavedLayer;
+    CurrentMode = PrefsRecord.SavedMode > EditBadGuysMode ? Int16(TileMode) : PrefsRecord.SavedMode;
     CurrentObject = PrefsRecord.SavedObject > BadGuyTypes - 1 ? Int16(-1) : PrefsRecord.SavedObject;
-    const bool knownTileSet = PrefsRecord.SavedTileSet >= 0 && PrefsRecord.SavedTileSet <= 2;
-    CurrentTileSet = knownTileSet ? PrefsRecord.SavedTileSet : Int16(0);
+    const bool knownTileSet = PrefsRecord.SavedTileSet >= AllTiles && PrefsRecord.SavedTileSet <= FavoriteTilesB;
+    CurrentTileSet = knownTileSet ? PrefsRecord.SavedTileSet : Int16(AllTiles);
 }
 
 void Main() {

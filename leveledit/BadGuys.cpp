@@ -3,6 +3,7 @@
 #include "core/General.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "leveledit/MainFrm.h"
 #include "platform/Conversions.h"
 #include "platform/Texts.h"
@@ -30,8 +31,8 @@ bool IsFree(const MainFrm::BGSlot& slot) { return slot.object < 1 || slot.object
 
 void MainFrm::ModeOption_Click(int Index) {
     CurrentMode = Index;
-    DelBadGuyCmd.SetVisible(Index == 2 && SelectedBadGuy >= 0);
-    if (CurrentMode == 1) {
+    DelBadGuyCmd.SetVisible(Index == EditBadGuysMode && SelectedBadGuy >= 0);
+    if (CurrentMode == PlaceBadGuysMode) {
         SelectedBadGuy = -1;
     }
     UpdateDisplay();
@@ -57,12 +58,11 @@ void MainFrm::PlaceBadGuy(Int16 x, Int16 row, int X, int Y) {
 }
 
 void MainFrm::UpdateObjCounts() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     for (int kind = 0; kind < BadGuyTypes; ++kind) {
         Element(ObjCntBox, kind).SetCaption(std::to_string(Element(BadGuyTypeTable, kind).CountInUse));
         Element(ObjIndImg, kind).SetVisible(kind == CurrentObject);
     }
-    Updating = false;
 }
 
 void MainFrm::UpdateUsedScroll() {
@@ -76,7 +76,7 @@ void MainFrm::UpdateUsedScroll() {
 }
 
 void MainFrm::UpdateUsedList() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     TotalBGUBox.SetCaption(std::to_string(LevelRecord.BadGuyCount) + " ");
     for (int row = 0; row < UsedRows; ++row) {
         const int entry = BGUScroll.Value() + row;
@@ -87,7 +87,6 @@ void MainFrm::UpdateUsedList() {
         }
         ShowUsedRow(row, used);
     }
-    Updating = false;
 }
 
 void MainFrm::FillUsedRow(int row, int entry) {
@@ -127,8 +126,8 @@ void MainFrm::BGImg_MouseDown(int Index, int Button) {
         BGUScroll.SetValue(std::min<int>(wanted, BGUScroll.Max()));
     }
     DelBadGuyCmd.SetVisible(true);
-    CurrentMode = 2;
-    ModeOption[2].Select();
+    CurrentMode = EditBadGuysMode;
+    ModeOption[EditBadGuysMode].Select();
     if (Button == RightButton) {
         OpenBadGuyEditor();
     }

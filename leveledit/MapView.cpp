@@ -1,4 +1,5 @@
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "leveledit/MainFrm.h"
 #include "platform/Conversions.h"
 
@@ -7,7 +8,6 @@ namespace {
 constexpr int EmptyCellTile = 204;  // its picture is the empty square of the grid
 constexpr int ViewWidth = ViewColumns * TileSize;
 constexpr float TwipsPerPixel = 15.0F;
-constexpr int AllLayers = 3;
 
 /// The one of three tiles that lies on top and is not empty.
 Int16 Topmost(Int16 foreground, Int16 interactive, Int16 background) {
@@ -45,14 +45,14 @@ void MainFrm::UpdateDisplay() {
 }
 
 void MainFrm::ShowModeFrame() {
-    ObjectFrame.SetVisible(CurrentMode == 1);
-    BGUFrame.SetVisible(CurrentMode == 2);
-    TileFrame.SetVisible(CurrentMode == 0 || CurrentMode == 3);
+    ObjectFrame.SetVisible(CurrentMode == PlaceBadGuysMode);
+    BGUFrame.SetVisible(CurrentMode == EditBadGuysMode);
+    TileFrame.SetVisible(CurrentMode == TileMode || CurrentMode == EditFavoritesMode);
     switch (CurrentMode) {
-        case 0:
-        case 3: DrawTilePalette(); break;
-        case 1: UpdateObjCounts(); break;
-        case 2: UpdateUsedList(); break;
+        case TileMode:
+        case EditFavoritesMode: DrawTilePalette(); break;
+        case PlaceBadGuysMode: UpdateObjCounts(); break;
+        case EditBadGuysMode: UpdateUsedList(); break;
         default: break;
     }
 }
@@ -61,7 +61,7 @@ void MainFrm::DrawMap() {
     if (LevelLoaded == False) {
         return;
     }
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     PlaceResetSprite();
     // First of all: a bar beyond a narrower level moves here, and draws the map itself then.
     MapXScroll.SetMax(LevelRecord.width - ViewColumns);
@@ -71,7 +71,6 @@ void MainFrm::DrawMap() {
     PlaceBadGuySprites(viewLeft, viewRight);
     PlaceStartSprite(viewLeft, viewRight);
     GridBackBox.SetVisible(PrefsRecord.GridState == 0);
-    Updating = false;
 }
 
 /// One sprite serves all reset points: it shows the first one in view.
@@ -111,9 +110,9 @@ Int16 MainFrm::ShownTile(int x, int row) const {
 /// The layer that is selected, or null for all of them.
 TileMap* MainFrm::EditedLayer() const {
     switch (CurrentLayer) {
-        case 0: return &LevelRecord.background_tm;
-        case 1: return &LevelRecord.interactive_tm;
-        case 2: return &LevelRecord.foreground_tm;
+        case BackgroundLayer: return &LevelRecord.background_tm;
+        case InteractiveLayer: return &LevelRecord.interactive_tm;
+        case ForegroundLayer: return &LevelRecord.foreground_tm;
         default: return nullptr;
     }
 }
@@ -131,7 +130,7 @@ void MainFrm::DrawTiles() {
 }
 
 void MainFrm::PlaceBadGuySprites(Int16 viewLeft, Int16 viewRight) {
-    const bool shown = CurrentMode != 0 || CurrentLayer == AllLayers;
+    const bool shown = CurrentMode != TileMode || CurrentLayer == AllLayers;
     std::size_t slot = 0;
     for (int i = 1; shown && i <= LevelRecord.BadGuyCount; ++i) {
         const Int16 x = LevelRecord.objects[i].x;

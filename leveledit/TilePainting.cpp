@@ -19,9 +19,9 @@ void MainFrm::AutoCheck_Click() {
 /// the release does the rest.
 void MainFrm::Img_MouseDown(int Index, int Button, int X, int Y) {
     const int row = CellRow(Index);
-    if (CurrentMode == 1) {
+    if (CurrentMode == PlaceBadGuysMode) {
         PlaceBadGuy(LevelColumn(Index), row, X, Y);
-    } else if (CurrentMode != 0 || LevelLoaded == False) {
+    } else if (CurrentMode != TileMode || LevelLoaded == False) {
         return;
     } else if (Button == LeftButton) {
         PressTile(LevelColumn(Index), row);
@@ -58,9 +58,9 @@ void MainFrm::Img_Click(int Index) {
                     "No Level Width Specified", MessageButtons::Ok, MessageIcon::Stop);
     } else if (PickingStart) {
         TakeStartPosition(LevelColumn(Index), row);
-    } else if (CurrentMode == 0 && CurrentTile == ResetPointTile) {
+    } else if (CurrentMode == TileMode && CurrentTile == ResetPointTile) {
         AddResetPoint(LevelColumn(Index), row);
-    } else if (CurrentMode == 0) {
+    } else if (CurrentMode == TileMode) {
         PaintTile(LevelColumn(Index), row);
         UpdateDisplay();
     }

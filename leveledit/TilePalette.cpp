@@ -36,17 +36,17 @@ int ToggleFavorite(Favorites& list, int index, const char* name) {
 }  // namespace
 
 void MainFrm::DrawTilePalette() {
-    TileFrame.SetVisible(!LayerOption[3].Selected());
+    TileFrame.SetVisible(!LayerOption[AllLayers].Selected());
     CurImg.SetEnabled(true);
     if (KnowsTileSet()) {
-        SelScroll.SetVisible(CurrentTileSet == 0);
+        SelScroll.SetVisible(CurrentTileSet == AllTiles);
         for (int i = 0; i < PaletteCells; ++i) {
             const Int16 tile = PaletteTile(i);
             Element(SelImg, i).SetPicture(HasPicture(tile) ? BlockImgList()[tile] : Picture());
             Element(SelImg, i).SetFramed(!HasPicture(tile));
         }
     }
-    if (CurrentTileSet == 0 && CurrentTile == 0) {
+    if (CurrentTileSet == AllTiles && CurrentTile == 0) {
         CurImg.SetToolTip("No Tile Selected");
     }
     CurImg.SetPicture(BlockImgList()[HasPicture(CurrentTile) ? static_cast<int>(CurrentTile) : NoTilePicture]);
@@ -54,14 +54,14 @@ void MainFrm::DrawTilePalette() {
 
 /// A tile set of another version's preferences leaves the palette as it stands, and deaf.
 bool MainFrm::KnowsTileSet() const {
-    return CurrentTileSet >= 0 && CurrentTileSet < static_cast<int>(TilesOption.size());
+    return CurrentTileSet >= AllTiles && CurrentTileSet < static_cast<int>(TilesOption.size());
 }
 
 /// The number of the tile in palette cell `Index`; 0 for an empty cell of a list.
 Int16 MainFrm::PaletteTile(int Index) const {
     switch (CurrentTileSet) {
-        case 1: return Element(PrefsRecord.FavoritesA, Index);
-        case 2: return Element(PrefsRecord.FavoritesB, Index);
+        case FavoriteTilesA: return Element(PrefsRecord.FavoritesA, Index);
+        case FavoriteTilesB: return Element(PrefsRecord.FavoritesB, Index);
         default: return SelScroll.Value() * PaletteColumns + Index + 1;
     }
 }
@@ -91,13 +91,13 @@ void MainFrm::TilesOption_Click(int Index) {
 }
 
 void MainFrm::SelImg_MouseDown(int Index, int Button) {
-    if (Button != LeftButton || !KnowsTileSet() || (CurrentMode != 0 && CurrentMode != 3)) {
+    if (Button != LeftButton || !KnowsTileSet() || (CurrentMode != TileMode && CurrentMode != EditFavoritesMode)) {
         return;
     }
-    const bool editing = CurrentMode == 3;
-    if (editing && CurrentTileSet == 1) {
+    const bool editing = CurrentMode == EditFavoritesMode;
+    if (editing && CurrentTileSet == FavoriteTilesA) {
         ToggleFavoriteA(Index);
-    } else if (editing && CurrentTileSet == 2) {
+    } else if (editing && CurrentTileSet == FavoriteTilesB) {
         ToggleFavoriteB(Index);
     } else {
         CurrentTile = PaletteTile(Index);
@@ -114,16 +114,16 @@ void MainFrm::SelImg_MouseMove(int Index) {
 }
 
 void MainFrm::CurImg_MouseMove() {
-    if (CurrentMode == 0) {
+    if (CurrentMode == TileMode) {
         CurImg.SetToolTip(HasPicture(CurrentTile)
                               ? "Tile # " + std::to_string(CurrentTile) + TileNote(CurrentTile, " (Breakable Tile)")
                               : "No Tile Selected");
-    } else if (CurrentMode == 3) {
+    } else if (CurrentMode == EditFavoritesMode) {
         const auto holds = [](const Favorites& list) {
             return std::find(list.begin(), list.end(), CurrentTile) != list.end();
         };
-        const bool favorite = (CurrentTileSet == 1 && holds(PrefsRecord.FavoritesA)) ||
-                              (CurrentTileSet == 2 && holds(PrefsRecord.FavoritesB));
+        const bool favorite = (CurrentTileSet == FavoriteTilesA && holds(PrefsRecord.FavoritesA)) ||
+                              (CurrentTileSet == FavoriteTilesB && holds(PrefsRecord.FavoritesB));
         CurImg.SetToolTip(favorite ? "Click to Remove Tile from Favorites" : "Click to Add Tile to Favorites");
     }
 }

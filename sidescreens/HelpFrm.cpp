@@ -3,26 +3,24 @@
 #include "core/General.h"
 #include "core/ScreenPositions.h"
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "platform/Files.h"
 
 std::string HelpText;
 
 void HelpFrm::Load() {
     MakeControls();
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     RestorePosition(Window, ScreenIndex::HelpFrm, false);
     HelpFileName = JoinPath(ProgramFolder, "FB_Editor.Help");
     if (HelpText.empty()) {
         LoadHelpText();
     }
     HelpBox.SetText(HelpText);
-    Updating = false;
     SaveHelpCmd.SetVisible(false);
 }
 
-void HelpFrm::Unload() {
-    StorePosition(Window, ScreenIndex::HelpFrm);
-}
+void HelpFrm::Unload() { StorePosition(Window, ScreenIndex::HelpFrm); }
 
 void HelpFrm::LoadHelpText() {
     HelpText.clear();

@@ -5,6 +5,7 @@
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "level/LevelEnding.h"
 #include "platform/Conversions.h"
 #include "platform/Dialogs.h"
@@ -89,14 +90,13 @@ void VarsFrm::Unload() {
 }
 
 void VarsFrm::UpdateVarsDisplay() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     YieldToEventQueue();
     ShowFields();
     ShowEndingChoice();
     NumsBox.SetCaption("Number of Reset Points = " + std::to_string(LevelRecord.ResetPointCount) +
                        ", Number of BadGuys = " + std::to_string(LevelRecord.BadGuyCount));
     YieldToEventQueue();
-    Updating = false;
 }
 
 /// Showing the fields also puts the record's height back to the one that the game knows.

@@ -3,6 +3,7 @@
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 
 namespace {
 
@@ -21,12 +22,10 @@ void zBGEditFrm::Load() {
     UpdateBadGuyDisplay();
 }
 
-void zBGEditFrm::Unload() {
-    StorePosition(Window, ScreenIndex::zBGEditFrm);
-}
+void zBGEditFrm::Unload() { StorePosition(Window, ScreenIndex::zBGEditFrm); }
 
 void zBGEditFrm::UpdateBadGuyDisplay() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     const BadGuy& badGuy = Selected();
     zNameBox.SetCaption(Element(BadGuyTypeTable, badGuy.kind).DisplayName);
     zBGNumBox.SetCaption(std::to_string(SelectedBadGuy));
@@ -35,7 +34,6 @@ void zBGEditFrm::UpdateBadGuyDisplay() {
     zStayCheck.SetValue(badGuy.stay_on_platform);
     zBGXScroll.SetValue(badGuy.x);
     zBGYScroll.SetValue(badGuy.y);
-    Updating = false;
 }
 
 void zBGEditFrm::zStayCheck_Click() {

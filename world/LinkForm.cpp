@@ -7,6 +7,7 @@
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "platform/Conversions.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
@@ -46,7 +47,6 @@ int CheckFromFlag(const std::string& flag) { return LowerCase(flag) == "f" ? 0 :
 
 void LinkForm::Load() {
     MakeControls();
-    Updating = false;
     RestorePosition(Window, ScreenIndex::LinkForm, true);
     WorkingLink = WorldRecord.levels[CurrentLink];
     UpdateLinkDisplay();
@@ -54,7 +54,7 @@ void LinkForm::Load() {
 }
 
 void LinkForm::UpdateLinkDisplay() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     YieldToEventQueue();
     LinkNumBox.SetCaption(std::to_string(CurrentLink));
     TypeBox.SetCaption(std::string(Element(LinkTypeTable, WorkingLink.type)));
@@ -71,7 +71,6 @@ void LinkForm::UpdateLinkDisplay() {
     ApplyUpCheck.SetValue(CheckFromFlag(WorkingLink.apply_action_up));
     ApplyDownCheck.SetValue(CheckFromFlag(WorkingLink.apply_action_down));
     EnableFields();
-    Updating = false;
 }
 
 /// A comment, and a link without a type, leave the controls as they were.

@@ -59,7 +59,7 @@ void WorldFrm::LinkScroll_Change() {
 /// A left click selects, a right click edits.
 void WorldFrm::DotImg_MouseDown(int Index, int Button) {
     CurrentLink = Index;
-    ModeOption[2].Select();
+    ModeOption[LinkMode].Select();
     YieldToEventQueue();
     const Int16 first = LinkScroll.Value();
     if (LinkFrame.Visible() && (Index > first + (LinkRows - 1) || Index < first)) {

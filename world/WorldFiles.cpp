@@ -46,9 +46,9 @@ void WorldFrm::ClearWorld() {
     }
     NukImg.SetVisible(false);
     HideSprites(0, Sprites - 1);
-    WorldMode = 0;
+    WorldMode = TableMode;
     ShowModePanel();
-    ModeOption[0].Select();
+    ModeOption[TableMode].Select();
     MapXScroll.SetValue(0);
     MapYScroll.SetValue(0);
 }

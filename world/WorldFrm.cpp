@@ -38,7 +38,7 @@ void WorldFrm::RestoreWorld() {
     }
     ReadWorldFile(WorldPath);
     const Int16 mode = PrefsRecord.SavedWorldMode;
-    WorldMode = mode >= 0 && mode < static_cast<int>(ModeOption.size()) ? mode : Int16(0);
+    WorldMode = mode >= 0 && mode < static_cast<int>(ModeOption.size()) ? mode : Int16(TableMode);
     ShowModePanel();
     RestoreScroll();
 }

@@ -17,6 +17,9 @@
 /// What a click cannot reach in WorldRecord, in the favorites, in WorldImages or in DotImg is fault 9; no
 /// routine traps it but OpenWorldDialog and SaveWorldAsDialog.
 struct WorldFrm {
+    /// What WorldMode says: what the panel and the map show, and what a click on the map does.
+    enum MapMode { TableMode = 0, FavoritesMode = 1, LinkMode = 2, AllLayersMode = 3, StartMode = 4 };
+
     static constexpr int Sprites = 64;
     static constexpr int PaletteCells = 36;
     static constexpr int LinkRows = 16;
@@ -65,8 +68,9 @@ struct WorldFrm {
     Label LinkDYBox;
     Label LinkNameBox;
 
-    bool Updating = false;  ///< controls are being filled, or there is no world: options and check boxes are deaf
-    Int16 WorldMode;        ///< 0 all tiles, 1 favorites, 2 links, 3 all layers, 4 start position
+    bool Updating = false;  ///< controls are being filled
+    bool NoWorld = false;   ///< there was none to draw
+    Int16 WorldMode;        ///< a MapMode
     Int16 FavEdit;          ///< 1 while clicks on the favorites assign them
     Int16 FirstCol;         ///< the map columns and rows in view
     Int16 LastCol;
@@ -84,6 +88,7 @@ struct WorldFrm {
     // The view.
     void UpdateWorld();
     void UpdateView();
+    [[nodiscard]] bool ShowsTiles() const { return WorldMode == TableMode || WorldMode == FavoritesMode; }
     void ShowModePanel();
     void DrawWorldMap();
     void DrawTiles();
@@ -95,6 +100,8 @@ struct WorldFrm {
     void Img_MouseMove(int Index);
 
     // Painting.
+    /// Whether the options and check boxes ignore their clicks.
+    [[nodiscard]] bool IsDeaf() const { return Updating || NoWorld; }
     void ModeOption_Click(int Index);
     void FavCheck_Click();
     void AutoCheck_Click();

@@ -5,7 +5,6 @@
 
 namespace {
 
-constexpr int FavoritesMode = 1;
 constexpr int PaletteColumns = 4;
 constexpr int LastShownTile = 35;  // the palette shows the first tile in place of later ones
 constexpr int BlockTile = 49;      // the first of nine, row by row
@@ -36,20 +35,20 @@ void StampBlock(Int16 x, Int16 y) {
 }  // namespace
 
 void WorldFrm::ModeOption_Click(int Index) {
-    if (!Updating) {
+    if (!IsDeaf()) {
         WorldMode = Index;
         UpdateWorld();
     }
 }
 
 void WorldFrm::FavCheck_Click() {
-    if (!Updating) {
+    if (!IsDeaf()) {
         FavEdit = FavCheck.Value();
     }
 }
 
 void WorldFrm::AutoCheck_Click() {
-    if (!Updating) {
+    if (!IsDeaf()) {
         PrefsRecord.WorldAutoComplete = AutoCheck.Value();
     }
 }
@@ -61,7 +60,7 @@ void WorldFrm::Img_MouseDown(int Index, int Button) {
     const Int16 x = MapXScroll.Value() + CellColumn(Index);
     const Int16 y = MapYScroll.Value() + CellRow(Index);
     switch (WorldMode) {
-        case 0:
+        case TableMode:
         case FavoritesMode:
             if (Button == LeftButton) {
                 PaintTile(x, y);
@@ -69,8 +68,8 @@ void WorldFrm::Img_MouseDown(int Index, int Button) {
                 PickTile(x, y);
             }
             break;
-        case 2: EditLinkAt(x, y, Button); break;
-        case 4: SetStart(x, y); break;
+        case LinkMode: EditLinkAt(x, y, Button); break;
+        case StartMode: SetStart(x, y); break;
         default: break;
     }
 }
@@ -131,7 +130,7 @@ void WorldFrm::DrawPalette() {
 Int16 WorldFrm::PaletteTile(int Index) const {
     const Int16 place = TileScroll.Value() * PaletteColumns + Index;
     switch (WorldMode) {
-        case 0: return place + 1;
+        case TableMode: return place + 1;
         case FavoritesMode: return Element(PrefsRecord.WorldFavorites, place);
         default: return WorldCurrentTile;
     }
@@ -151,7 +150,7 @@ void WorldFrm::TileImg_Click(int Index) {
     if (FavEdit == 1 && WorldMode == FavoritesMode) {
         Element(PrefsRecord.WorldFavorites, TileScroll.Value() * PaletteColumns + Index) = WorldCurrentTile;
         DrawPalette();
-    } else if (FavEdit == 0 || WorldMode < FavoritesMode) {
+    } else if (FavEdit == 0 || WorldMode == TableMode) {
         WorldCurrentTile = PaletteTile(Index);
         ShowCurrentTile();
     }

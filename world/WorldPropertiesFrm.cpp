@@ -6,6 +6,7 @@
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "platform/Conversions.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
@@ -40,7 +41,7 @@ void WorldPropertiesFrm::Load() {
 }
 
 void WorldPropertiesFrm::UpdatePropertiesDisplay() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     YieldToEventQueue();
     FNBox.SetCaption(WorldPath);
     NameBox.SetText(WorldRecord.name);
@@ -52,7 +53,6 @@ void WorldPropertiesFrm::UpdatePropertiesDisplay() {
     StartYBox.SetText(std::to_string(WorldRecord.start_pos_y));
     XScroll.SetValue(WorldRecord.width);
     YScroll.SetValue(WorldRecord.height);
-    Updating = false;
 }
 
 void WorldPropertiesFrm::Unload() {

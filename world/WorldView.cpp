@@ -1,13 +1,10 @@
 #include "core/SharedState.h"
+#include "core/UpdatingGuard.h"
 #include "platform/Dialogs.h"
 #include "platform/Events.h"
 #include "world/WorldFrm.h"
 
 namespace {
-
-constexpr int LastModeOfTiles = 1;
-constexpr int LinkMode = 2;
-constexpr int AllLayersMode = 3;
 
 /// Sprites behind this one are hidden with all of them, but not one by one when links become fewer.
 constexpr int LastClearedSprite = 31;
@@ -38,13 +35,15 @@ bool Between(Int16 first, Int16 number, Int16 last) { return number >= first && 
 
 /// Draws the whole screen from the records. Without a world it only turns the options and check boxes deaf.
 void WorldFrm::UpdateWorld() {
-    Updating = true;
+    const UpdatingGuard updating(Updating);
     YieldToEventQueue();
+    NoWorld = WorldReadError <= 0 && WorldLoaded == False;
+    if (NoWorld) {
+        return;
+    }
     if (WorldReadError > 0) {
         ShowMessage("Error # " + std::to_string(WorldReadError), "World Read Error", MessageButtons::Ok,
                     MessageIcon::Stop);
-    } else if (WorldLoaded == False) {
-        return;
     } else if (WorldRecord.width < ViewColumns || WorldRecord.height < ViewRows) {
         ShowMessage("World Map Size Error!\r\nWidth = " + std::to_string(WorldRecord.width) +
                         ", Height = " + std::to_string(WorldRecord.height),
@@ -52,7 +51,6 @@ void WorldFrm::UpdateWorld() {
     } else {
         UpdateView();
     }
-    Updating = false;
 }
 
 void WorldFrm::UpdateView() {
@@ -71,15 +69,15 @@ void WorldFrm::UpdateView() {
 }
 
 void WorldFrm::ShowModePanel() {
-    TilesFrame.SetVisible(WorldMode <= LastModeOfTiles);
+    TilesFrame.SetVisible(ShowsTiles());
     LinkFrame.SetVisible(WorldMode == LinkMode);
-    FavCheck.SetEnabled(WorldMode <= LastModeOfTiles);
+    FavCheck.SetEnabled(ShowsTiles());
 }
 
 void WorldFrm::DrawWorldMap() {
     DrawTiles();
     PlaceStartSprite();
-    if (WorldMode <= LastModeOfTiles) {
+    if (ShowsTiles()) {
         HideSprites(0, Sprites - 1);
     } else {
         DrawLinks();
