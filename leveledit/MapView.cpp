@@ -154,7 +154,7 @@ void MainFrm::PlaceBadGuySprite(std::size_t slot, int object, Int16 viewLeft) {
     const BadGuy& badGuy = LevelRecord.objects[object];
     ImageCell& sprite = BGImg[slot];
     const Int16 stretched = (badGuy.x - viewLeft) * CellPitch;
-    sprite.Move(Img[0].Left() + static_cast<double>(stretched) / TileSize, Img[0].Top() + badGuy.y);
+    sprite.Move(Img[0].Left() + static_cast<double>(stretched) / TileSize, Img[0].Top() + int{badGuy.y});
     const Int16 picture = badGuy.kind + 1;
     BGSlots[slot] = {object, picture, RoundToInt16(sprite.Left()), RoundToInt16(sprite.Top())};
     sprite.SetPicture(BadGuysList()[picture]);
@@ -166,7 +166,7 @@ void MainFrm::PlaceBadGuySprite(std::size_t slot, int object, Int16 viewLeft) {
 void MainFrm::PlaceStartSprite(Int16 viewLeft, Int16 viewRight) {
     const bool inView = LevelRecord.start_pos_x > viewLeft && LevelRecord.start_pos_x < viewRight;
     if (inView) {
-        NukImage.Move(LevelRecord.start_pos_x - viewLeft, Img[0].Top() + LevelRecord.start_pos_y);
+        NukImage.Move(LevelRecord.start_pos_x - viewLeft, Img[0].Top() + int{LevelRecord.start_pos_y});
     }
     NukImage.SetVisible(inView);
 }

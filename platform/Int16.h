@@ -7,7 +7,7 @@
 
 /// A signed 16-bit whole number whose arithmetic never wraps: a result outside -32768 to 32767 is fault 6
 /// at the operation that gives it, also in the middle of a longer expression. Division drops the fraction.
-/// It stands wherever an `int` may stand, and takes one where that fits.
+/// It stands wherever an `int` may stand, and takes one where that fits. Beside a `double` it must be said to be one.
 class Int16 {
 public:
     constexpr Int16() = default;
@@ -26,7 +26,6 @@ public:
     friend constexpr Int16 operator*(Int16 a, Int16 b) { return {a.value_ * b.value_}; }
     friend constexpr Int16 operator*(Int16 a, int b) { return a * Int16(b); }
     friend constexpr Int16 operator*(int a, Int16 b) { return Int16(a) * b; }
-    friend constexpr double operator+(double a, Int16 b) { return a + static_cast<double>(b.value_); }
     constexpr Int16& operator+=(int b) { return *this = *this + b; }
     constexpr Int16& operator-=(int b) { return *this = *this - b; }
 
