@@ -28,6 +28,15 @@ void DeleteTheOnlyBadGuyTwice() {
     ClickOn(Main, "DelBadGuyCmd");
 }
 
+/// The dialog traps that the level cannot be drawn, and the check boxes stay deaf.
+void SwitchGridOfANarrowLevel(const std::string& folder) {
+    dialogs.files = {folder + "/narrow.fbl", folder + "/narrow.fbl"};
+    MakeLevel(16);
+    ClickOn(Main, "TB(8)");
+    ClickOn(Main, "TB(2)");
+    ClickOn(Main, "GridCheck");
+}
+
 void WriteInfoOverAFolder(const std::string& folder) {
     std::filesystem::create_directory(folder + "/info");
     InfoPath = folder + "/level.fbl";
@@ -102,6 +111,7 @@ const FatalAction Actions[]{
     {"bad guy in the last column", [](auto&) { OpenProperties(17 * 32, 64); }, InvalidPropertyValue},
     {"a kind that is none", [](auto&) { ShowBadGuy(64, 64, 10); }, SubscriptOutOfRange},
     {"deleting from an empty list", [](auto&) { DeleteTheOnlyBadGuyTwice(); }, SubscriptOutOfRange},
+    {"the grid of a narrow level", [](auto& path) { SwitchGridOfANarrowLevel(path); }, {}},
     {"a folder in the place of the INFO file", [](auto& path) { WriteInfoOverAFolder(path); }, PathFileAccessError},
     {"width emptied", [](auto&) { InVars("WidthBox", ""); }, TypeMismatch},
     {"width 40000", [](auto&) { InVars("WidthBox", "40000"); }, Overflow},

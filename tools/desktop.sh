@@ -46,7 +46,6 @@ at() { xdotool mousemove --window "$win" "$1" "$2"; }
 click() { at "$1" "$2"; xdotool click "${3:-1}"; settle; }
 keys() { xdotool key "$@"; settle; }
 text() { xdotool type --delay 4 "$1"; settle; }
-fill() { click "$1" "$2"; keys ctrl+a; text "$3"; }         # a text box
 choose() {  # TITLE FILE: answers a file dialog, and goes back to the window before it
     local before=$win
     window "$1"
@@ -56,7 +55,9 @@ choose() {  # TITLE FILE: answers a file dialog, and goes back to the window bef
     gone "$1"
     win=$before
 }
-cell() { click $((10 + 34 * $1 + 16)) $((80 + 34 * $2 + 16)) "${3:-1}"; }  # column and row of the level's view
+# shellcheck source=places.sh
+. "${BASH_SOURCE[0]%/*}/places.sh"
+
 shot() { import -window "$win" -crop "$1" +repage "$2"; }  # GEOMETRY FILE; uncompressed, so that equal means equal
 
 # bring PROGRAM PROJECT: what `start` starts. The program writes beside itself, so it comes to stand in `work`, with a
