@@ -7,7 +7,7 @@
 /// first that ends clears it.
 class UpdatingGuard {
 public:
-    explicit UpdatingGuard(bool& updating) : updating_(updating) { updating_ = true; }
+    explicit UpdatingGuard(bool& updating) : updating_(updating) { updating = true; }
     UpdatingGuard(const UpdatingGuard&) = delete;
     UpdatingGuard& operator=(const UpdatingGuard&) = delete;
     ~UpdatingGuard() { updating_ = std::uncaught_exceptions() > exceptions_; }

@@ -91,11 +91,11 @@ class ScreenHolder {
 public:
     /// The instance, loaded if it was not yet; closing it runs `uncover`, also while it still loads. What leaves
     /// `Form::Load` leaves no half-made instance behind.
-    Form& Load(std::function<void()> uncover = {}) {
+    Form& Load(const std::function<void()>& uncover = {}) {
         if (form_ == nullptr) {
             form_ = std::make_shared<Form>();
             const std::shared_ptr<Form> loading = form_;
-            loading->Window.Uncover = std::move(uncover);
+            loading->Window.Uncover = uncover;
             loading->Window.SetRetire([this] { return std::shared_ptr<void>(std::move(form_)); });
             try {
                 loading->Load();
