@@ -2,8 +2,10 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
-// Files by number, as the readers and writers use them. Paths and contents are bytes. Every failure is a
+// Files by number, as the readers and writers use them. Paths and contents are bytes; where a system names its files in
+// other units than bytes, a path is UTF-8. Every failure is a
 // fault: 53 no such file, 75 not to be opened (a folder, no right to it, no such folder above it: 76), 57
 // for an error of the device, 61 for a full disk, 67 when all numbers are taken.
 
@@ -26,7 +28,7 @@ void OpenForBinary(int number, const std::string& path);
 /// True when all of the file has been read. Fault 52.
 [[nodiscard]] bool AtEndOfFile(int number);
 
-/// All bytes of the open file, from its start. Faults 52, 57.
+/// All bytes of a file open for bytes, from its start. Faults 52, 57.
 [[nodiscard]] std::string ReadBytes(int number);
 
 /// Writes `bytes` from the file's start, without cutting off what stands behind them. Faults 52, 57, 61.
@@ -34,6 +36,11 @@ void WriteBytes(int number, std::string_view bytes);
 
 /// Closes a file; without effect when `number` is not open.
 void CloseFile(int number);
+
+[[nodiscard]] bool FolderExists(const std::string& path);
+
+/// The names of the files in `folder`, in no order, without the folders. Faults 75 (no right), 76 (no such folder).
+[[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder);
 
 /// The exact name of the file at `path`, without its folder; empty if there is no such file. Folders are not files.
 [[nodiscard]] std::string QueryFile(const std::string& path);

@@ -75,6 +75,22 @@ TEST_F(FilesTest, LinesEndAtCarriageReturns) {
     }
 }
 
+TEST_F(FilesTest, AnyNameOpens) {
+    for (const std::string name : {"gr\xC3\xBC\xC3\x9F.fbl", "\xE6\xB0\xB7\xE5\xB1\xB1", "\xF0\x9F\x90\xA7 x"}) {
+        const std::string path = JoinPath(folder.string(), name);
+        OpenForBinary(1, path);
+        WriteBytes(1, name);
+        CloseFile(1);
+        OpenForInput(1, path);
+        EXPECT_EQ(LineInput(1), name);
+        EXPECT_EQ(QueryFile(path), name);
+        EXPECT_EQ(FilesIn(folder.string()), Texts{name});
+        DeleteExistingFile(path);  // though a reader has left it open
+        EXPECT_EQ(QueryFile(path), "");
+        CloseFile(1);
+    }
+}
+
 TEST_F(FilesTest, Faults) {
     EXPECT_EQ(FaultOf([&] { OpenForInput(1, PathOf("missing")); }), FaultNumber::FileNotFound);
     EXPECT_EQ(FaultOf([&] { OpenForInput(1, folder.string()); }), FaultNumber::PathFileAccessError);
