@@ -62,7 +62,8 @@ void TextArea::Create(Container& container, const std::string& name, Place place
     edit_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     if (lines == Lines::Unbroken) {
         edit_->setLineWrapMode(QPlainTextEdit::NoWrap);
-        QFont font(QStringLiteral("DejaVu Sans Mono"));
+        QFont font;
+        font.setFamilies({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Consolas")});
         font.setPixelSize(edit_->font().pixelSize());
         edit_->setFont(font);
     }
