@@ -28,19 +28,22 @@ ScreenHolder<LinkForm> linkForm;
 ScreenHolder<zTypeFrm> typeFrm;
 ScreenHolder<WorldPropertiesFrm> worldPropertiesFrm;
 
-template <typename Form>
-void ShowAbove(const Screen& other, ScreenHolder<Form>& holder) {
-    Screen& window = holder.Load().Window;
-    window.KeepAbove(other);
-    window.Show();
-}
-
 /// Works on a screen if it is loaded: one that its user has closed meanwhile must not come back.
 template <typename Form, typename Work>
 void OnLoaded(const ScreenHolder<Form>& holder, Work work) {
     if (Form* form = holder.Loaded()) {
         work(*form);
     }
+}
+
+/// Makes and shows a side screen in front of the screen that it belongs to; there is none without that one.
+template <typename Below, typename Form>
+void ShowAbove(const ScreenHolder<Below>& below, ScreenHolder<Form>& holder) {
+    OnLoaded(below, [&](Below& under) {
+        Screen& window = holder.Load().Window;
+        window.KeepAbove(under.Window);
+        window.Show();
+    });
 }
 
 }  // namespace
@@ -67,30 +70,34 @@ void UpdateDisplay() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::UpdateDisplay)); 
 
 void OpenVarsFrm() {
     SetMainFrmBusy(true);
-    ShowAbove(mainFrm.Load().Window, varsFrm);
+    ShowAbove(mainFrm, varsFrm);
 }
-void EnableVarsFrm(bool enabled) { varsFrm.Load().Window.SetEnabled(enabled); }
-void OpenBackGndFrm() { ShowAbove(varsFrm.Load().Window, backGndFrm); }
-void OpenNewInfoFrm() { ShowAbove(mainFrm.Load().Window, newInfoFrm); }
+void EnableVarsFrm(bool enabled) {
+    OnLoaded(varsFrm, [&](VarsFrm& form) { form.Window.SetEnabled(enabled); });
+}
+void OpenBackGndFrm() { ShowAbove(varsFrm, backGndFrm); }
+void OpenNewInfoFrm() { ShowAbove(mainFrm, newInfoFrm); }
 void OpenNukTextFrm() {
     SetMainFrmBusy(true);
-    ShowAbove(mainFrm.Load().Window, nukTextFrm);
+    ShowAbove(mainFrm, nukTextFrm);
 }
 void OpenBadGuyEditor() {
     EnableMainFrm(false);
-    ShowAbove(mainFrm.Load().Window, bgEditFrm);
+    ShowAbove(mainFrm, bgEditFrm);
 }
 void OpenHelpFrm() {
     EnableMainFrm(false);
-    ShowAbove(mainFrm.Load().Window, helpFrm);
+    ShowAbove(mainFrm, helpFrm);
 }
 
 bool OpenWorldFrm() {
     worldFrm.Load().Window.Show();
     return worldFrm.Loaded() != nullptr;
 }
-void EnableWorldFrm(bool enabled) { worldFrm.Load().Window.SetEnabled(enabled); }
-void UpdateWorld() { worldFrm.Load().UpdateWorld(); }
-void OpenLinkForm() { ShowAbove(worldFrm.Load().Window, linkForm); }
-void OpenTypePicker() { ShowAbove(linkForm.Load().Window, typeFrm); }
-void OpenWorldProperties() { ShowAbove(worldFrm.Load().Window, worldPropertiesFrm); }
+void EnableWorldFrm(bool enabled) {
+    OnLoaded(worldFrm, [&](WorldFrm& form) { form.Window.SetEnabled(enabled); });
+}
+void UpdateWorld() { OnLoaded(worldFrm, std::mem_fn(&WorldFrm::UpdateWorld)); }
+void OpenLinkForm() { ShowAbove(worldFrm, linkForm); }
+void OpenTypePicker() { ShowAbove(linkForm, typeFrm); }
+void OpenWorldProperties() { ShowAbove(worldFrm, worldPropertiesFrm); }

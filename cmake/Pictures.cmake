@@ -1,10 +1,8 @@
-# The program's pictures: every SVG sheet of assets/ becomes one PNG sheet at 1x and one at 2x in the build tree, and
-# both are embedded in the program as :/pictures/<Name>.png and :/pictures/<Name>@2x.png.
+# The program's pictures: every SVG sheet of assets/ is drawn as a PNG at 1x and one at 2x in the build tree, and the
+# pixels of all of them become the one file `pictures.bin`, which the program holds in its read-only data.
 #
-# fb_embed_pictures(<target>) adds them to an executable or to a static library, under the fixed resource name
-# `pictures`. A linker may drop the object that registers the resources of a static library, so whoever uses the library
-# calls Q_INIT_RESOURCE(pictures), outside any namespace, before the first picture is loaded. In an executable the call
-# does no harm.
+# fb_embed_pictures(<target> <source>) makes that file, and defines FB_PICTURES as its path for the source that takes
+# it in.
 
 find_program(RSVG_CONVERT rsvg-convert DOC "Turns the SVG sheets of assets/ into PNG sheets")
 if(NOT RSVG_CONVERT)
@@ -14,7 +12,7 @@ endif()
 
 set(FB_ASSETS_DIR "${CMAKE_CURRENT_LIST_DIR}/../assets")
 
-function(fb_embed_pictures target)
+function(fb_embed_pictures target source)
     set(picture_dir "${CMAKE_CURRENT_BINARY_DIR}/pictures")
     file(MAKE_DIRECTORY "${picture_dir}")
     file(GLOB sheets CONFIGURE_DEPENDS "${FB_ASSETS_DIR}/*.svg")
@@ -38,7 +36,29 @@ function(fb_embed_pictures target)
         endforeach()
     endforeach()
 
-    # PNG files are compressed already.
-    qt_add_resources(${target} pictures
-        PREFIX "/pictures" BASE "${picture_dir}" FILES ${pictures} OPTIONS --no-compress)
+    # The tool that takes the pixels out runs on this system, also where the program is built for another one.
+    set(tool_source "${FB_ASSETS_DIR}/embed")
+    set(tool_dir "${CMAKE_CURRENT_BINARY_DIR}/embed_pictures")
+    set(tool "${tool_dir}/embed_pictures${CMAKE_HOST_EXECUTABLE_SUFFIX}")
+    add_custom_command(
+        OUTPUT "${tool}"
+        COMMAND "${CMAKE_COMMAND}" -S "${tool_source}" -B "${tool_dir}" -G "${CMAKE_GENERATOR}"
+                -D CMAKE_BUILD_TYPE=Release -D "CMAKE_PREFIX_PATH=${QT_HOST_PATH}"
+        COMMAND "${CMAKE_COMMAND}" --build "${tool_dir}"
+        DEPENDS "${tool_source}/CMakeLists.txt" "${tool_source}/EmbedPictures.cpp"
+                "${PROJECT_SOURCE_DIR}/platform/SheetIndex.h"
+        COMMENT "Building the tool that embeds the pictures"
+        VERBATIM)
+
+    set(embedded "${CMAKE_CURRENT_BINARY_DIR}/pictures.bin")
+    add_custom_command(
+        OUTPUT "${embedded}"
+        COMMAND "${tool}" "${embedded}" ${pictures}
+        DEPENDS "${tool}" ${pictures}
+        COMMENT "Taking the pixels out of the pictures"
+        VERBATIM)
+    target_sources(${target} PRIVATE "${source}")
+    set_source_files_properties("${source}" PROPERTIES
+        OBJECT_DEPENDS "${embedded}"
+        COMPILE_DEFINITIONS "FB_PICTURES=\"${embedded}\"")
 endfunction()

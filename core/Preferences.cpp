@@ -1,6 +1,5 @@
 #include "core/Preferences.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <utility>
@@ -96,9 +95,11 @@ public:
     }
 
     void Text(const std::string& text) {
-        const std::size_t length = std::min(text.size(), LongestText);
-        Unsigned(static_cast<std::uint16_t>(length));
-        bytes.append(text, 0, length);
+        if (text.size() > LongestText) {
+            throw Fault(FaultNumber::Overflow);
+        }
+        Unsigned(static_cast<std::uint16_t>(text.size()));
+        bytes += text;
     }
 
     void Reserved(std::size_t count) { bytes.append(count, '\0'); }
@@ -111,24 +112,24 @@ private:
     }
 };
 
-std::string PreferencesPath() { return JoinPath(WritableProgramFolder(), "FB_Editor.Preferences"); }
-
 }  // namespace
+
+std::string PreferencesPath() { return JoinPath(WritableFolder(ProgramFolder), "FB_Editor.Preferences"); }
 
 void LoadPreferences() {
     const int file = FreeFileNumber();
+    const FileCloser closer(file);
     OpenForBinary(file, PreferencesPath());
     const std::string bytes = ReadBytes(file);
     Decoder decoder(bytes);
     ForEachField(PrefsRecord, decoder);
-    CloseFile(file);
 }
 
 void SavePreferences() {
-    const int file = FreeFileNumber();
-    OpenForBinary(file, PreferencesPath());
     Encoder encoder;
     ForEachField(std::as_const(PrefsRecord), encoder);
+    const int file = FreeFileNumber();
+    const FileCloser closer(file);
+    OpenForBinary(file, PreferencesPath());
     WriteBytes(file, encoder.bytes);
-    CloseFile(file);
 }

@@ -52,9 +52,13 @@ struct Preferences {
     bool operator==(const Preferences&) const = default;
 };
 
-/// Reads PrefsRecord from "FB_Editor.Preferences" beside the program (or in the user's configuration folder
-/// where that cannot be written), making an empty file if there is none. The faults of Files.h.
+/// The full path of the file: "FB_Editor.Preferences" in ProgramFolder, or in the user's configuration folder where
+/// that cannot be written.
+[[nodiscard]] std::string PreferencesPath();
+
+/// Reads PrefsRecord from the file, making an empty one if there is none. The faults of Files.h.
 void LoadPreferences();
 
-/// Writes PrefsRecord to the same file. Does not cut the file off: old bytes may remain behind the record.
+/// Writes PrefsRecord to the file. Does not cut the file off: old bytes may remain behind the record. Fault 6 for a
+/// text of more than 65535 bytes, with the file as it was; the faults of Files.h.
 void SavePreferences();

@@ -1,5 +1,6 @@
 #include "core/SharedState.h"
 
+std::string ProgramFolder;
 std::string TitleText;
 std::string GameFolder;
 std::string DataFolder;

@@ -21,6 +21,7 @@ struct InfoRecord {
 };
 
 // Texts and folders, set at start and constant from then on. Folders end without a separator.
+extern std::string ProgramFolder;     ///< the program's own; the help text and, if possible, the preferences lie in it
 extern std::string TitleText;         ///< the normal title of MainFrm
 extern std::string GameFolder;        ///< where the game lies
 extern std::string DataFolder;        ///< GameFolder/data

@@ -1,10 +1,12 @@
 #include "core/StartUp.h"
 
 #include "core/General.h"
+#include "core/LineEnds.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
-#include "level/LevelWriter.h"
+#include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "platform/Texts.h"
 
 namespace {
 
@@ -25,7 +27,22 @@ std::string FixedGameFolder() {
         return installed;
     }
 #endif
-    return JoinPath(ProgramFolder(), "Floebird");
+    return JoinPath(ProgramFolder, "Floebird");
+}
+
+void Start() {
+    InitTextConstants();
+    InitConstants();
+    UseDosLineEnds();
+    LoadPreferences();
+    RestoreSelections();
+    LoadMainFrm();
+    ShowMainFrm();
+}
+
+std::string AdviceForNextStart() {
+    const std::string level = IsBlank(LevelPath) ? "" : "The level that was being opened:\n" + LevelPath + "\n\n";
+    return level + "If this happens at every start, delete the preferences:\n" + PreferencesPath();
 }
 
 }  // namespace
@@ -63,11 +80,9 @@ void RestoreSelections() {
 }
 
 void Main() {
-    InitTextConstants();
-    InitConstants();
-    UseDosLineEnds();
-    LoadPreferences();
-    RestoreSelections();
-    LoadMainFrm();
-    ShowMainFrm();
+    try {
+        WithMemoryFaults(Start);
+    } catch (const Fault& fault) {
+        EndWithFault(fault, AdviceForNextStart());
+    }
 }

@@ -10,5 +10,6 @@ void InitConstants();
 void RestoreSelections();
 
 /// Starts the program: constants, preferences, selections; then loads and shows MainFrm. Returns before the
-/// first event is handled. Traps nothing.
+/// first event is handled. A fault ends the process, with advice on how to start again: what the preferences say is
+/// what the start does, and it would do the same the next time.
 void Main();

@@ -1,3 +1,4 @@
+#include "core/LineEnds.h"
 #include "core/SharedState.h"
 #include "fuzz/FuzzInput.h"
 #include "level/LevelReader.h"

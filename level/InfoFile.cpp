@@ -1,9 +1,9 @@
 #include "level/InfoFile.h"
 
 #include "core/General.h"
+#include "core/LineEnds.h"
 #include "core/SharedState.h"
 #include "level/LevelReader.h"
-#include "level/LevelWriter.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
 #include "platform/Texts.h"
@@ -35,6 +35,9 @@ void ReadInfoLines(const std::string& path) {
             CurrentInfo.description = ParseStringValue(line, DescriptionKeyword.size());
         }
         ReadNextLine();
+        if (LinePos > 0) {
+            RestIfTextIsUsedUp();
+        }
     } while (LinePos > 0);
 }
 

@@ -1,6 +1,7 @@
 #include "level/LevelReader.h"
 
 #include <algorithm>
+#include <utility>
 #include <variant>
 
 #include "core/MapGrid.h"
@@ -19,9 +20,11 @@ std::int64_t LinePos = 0;
 
 namespace {
 
-std::string FirstLine;    // what the first line read delivered; the whole file in LF mode
-bool LfMode = false;      // lines are cut out of FirstLine at LF, instead of read from the file
-std::size_t TilePos = 0;  // position in CurrentLine of the next character of tile data, from 1
+std::string FirstLine;       // what the first line read delivered; the whole file in LF mode
+bool LfMode = false;         // lines are cut out of FirstLine at LF, instead of read from the file
+bool LastLineIsOut = false;  // LF mode: a last line without an LF has been delivered
+bool TextIsUsedUp = false;   // the last call for a line found none that is new
+std::size_t TilePos = 0;     // position in CurrentLine of the next character of tile data, from 1
 
 /// A first line that is longer holds the whole file: this one has LF line ends.
 constexpr std::size_t LongestDosFirstLine = 256;
@@ -39,8 +42,8 @@ void TrimCurrentLine() { CurrentLine = std::string(Trim(CurrentLine)); }
 /// The next tile number, wherever the lines break; 0 once the layer's ")" is reached, which stays the next
 /// character. Never returns when the file ends before either.
 Int16 ReadNextTile() {
-    for (;;) {
-        YieldToEventQueue();
+    for (bool wholeLineRead = false;;) {
+        YieldInRead();
         const int first = CharAt(CurrentLine, TilePos);
         if (first == ')') {
             return 0;
@@ -48,6 +51,10 @@ Int16 ReadNextTile() {
         ++TilePos;
         if (TilePos > CurrentLine.size()) {
             // The line is used up. A single digit at its very end is a number all the same.
+            if (wholeLineRead && !IsDigit(first)) {
+                RestIfTextIsUsedUp();
+            }
+            wholeLineRead = true;
             ReadNextLine();
             TilePos = 1;
             if (IsDigit(first)) {
@@ -60,7 +67,7 @@ Int16 ReadNextTile() {
         }
         Int16 value = first - '0';
         for (;;) {
-            YieldToEventQueue();
+            YieldInRead();
             const int next = CharAt(CurrentLine, TilePos);
             ++TilePos;
             if (!IsDigit(next)) {
@@ -74,7 +81,7 @@ Int16 ReadNextTile() {
 void ReadTileLayer(TileMap& layer) {
     const int columns = LevelRecord.width;
     for (int row = 0; row < LevelRows; ++row) {
-        YieldToEventQueue();
+        YieldInRead();
         for (int column = 0; column < columns; ++column) {
             layer(column, row) = ReadNextTile();
         }
@@ -330,6 +337,7 @@ void ReadLevelBody() {
         if (LinePos < 0) {
             return;
         }
+        RestIfTextIsUsedUp();
         TrimCurrentLine();
         if (!CurrentLine.empty() && ReadBodyLine() == Body::Ends) {
             return;
@@ -346,6 +354,9 @@ void ReadLevelLines(const std::string& path) {
             ReadLevelBody();
         }
         ReadNextLine();
+        if (LinePos > 0) {
+            RestIfTextIsUsedUp();
+        }
     } while (LinePos > 0);
     CloseFile(ReadFileNum);
 }
@@ -362,7 +373,7 @@ void ReadLevelFile(std::string path) {
         WithMemoryFaults([&] { ReadLevelLines(path); });
         LevelLoaded = True;
     } catch (const Fault&) {
-        MessageBox(FileNotFoundText, "NUK File Read Error", MessageButtons::Ok, MessageIcon::Stop);
+        ShowMessage(FileNotFoundText, "NUK File Read Error", MessageButtons::Ok, MessageIcon::Stop);
     }
 }
 
@@ -371,6 +382,7 @@ void ReadFirstLine(const std::string& path, std::size_t longestDosLine) {
     OpenForInput(ReadFileNum, path);
     FirstLine = LineInput(ReadFileNum);
     LinePos = 1;
+    LastLineIsOut = TextIsUsedUp = false;
     LfMode = FirstLine.size() > longestDosLine;
     if (LfMode) {
         ReadNextLine();
@@ -380,19 +392,21 @@ void ReadFirstLine(const std::string& path, std::size_t longestDosLine) {
 }
 
 void ReadNextLine() {
-    YieldToEventQueue();
+    YieldInRead();
     CurrentLine.clear();
     if (!LfMode) {
         try {
             CurrentLine = LineInput(ReadFileNum);
         } catch (const Fault&) {
             LinePos = -1;
+            TextIsUsedUp = true;
         }
         return;
     }
     const auto length = static_cast<std::int64_t>(FirstLine.size());
     if (LinePos < 1 || LinePos > length - 1) {
         LinePos = -1;
+        TextIsUsedUp = true;
         return;
     }
     const auto from = static_cast<std::size_t>(LinePos - 1);
@@ -400,6 +414,14 @@ void ReadNextLine() {
     CurrentLine.assign(FirstLine, from, end == std::string::npos ? end : end - from);
     if (end != std::string::npos) {
         LinePos = static_cast<std::int64_t>(end) + 2;
+    } else {
+        TextIsUsedUp = std::exchange(LastLineIsOut, true);
+    }
+}
+
+void RestIfTextIsUsedUp() {
+    if (TextIsUsedUp) {
+        WaitForEvent();
     }
 }
 

@@ -28,6 +28,11 @@ void ReadFirstLine(const std::string& path, std::size_t longestDosLine);
 /// mode a last line of two or more characters without an LF is delivered again at every call.
 void ReadNextLine();
 
+/// To be called by loops over lines that have no end of their own: once the text is used up, that is behind the end of
+/// the file or when its last line has come again, nothing but an event can change anything, and this sleeps until one
+/// comes.
+void RestIfTextIsUsedUp();
+
 /// The row of BadGuyTypeTable whose keyword is `name`, with 1 added to its count in use (fault 6 beyond
 /// 32767); -1, and nothing counted, for an unknown one.
 Int16 FindBadGuyType(std::string_view name);

@@ -1,52 +1,57 @@
 #include "level/LevelWriter.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "core/General.h"
+#include "core/LineEnds.h"
 #include "core/SharedState.h"
 #include "platform/Conversions.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
 #include "platform/Texts.h"
 
-std::string NL;
-std::string QuoteChar;
-std::string CloseLine;
-std::string CloseCloseLine;
-std::string CloseQuoteLine;
-std::string CloseCloseQuoteLine;
 std::string LevelText;
 
 namespace {
 
 constexpr std::size_t LongestTileText = 7;  // "-32768" and a blank
 
-void SetLineEnds(const char* lineEnd) {
-    NL = lineEnd;
-    QuoteChar = "\"";
-    CloseLine = ")" + NL;
-    CloseCloseLine = "))" + NL;
-    CloseQuoteLine = "\")" + NL;
-}
+const char* StayOnPlatformText(const BadGuy& badGuy) { return badGuy.stay_on_platform == 1 ? "t" : "f"; }
 
-void AddNumber(const char* keyword, Int16 number) { LevelText += keyword + std::to_string(number) + CloseLine; }
+/// A text in the making. Its level and its line ends are copies: a handler that runs in a yield may open another level,
+/// paint, or compose a text of its own in other line ends.
+struct LevelComposer {
+    const Level level = LevelRecord;
+    const std::string lineEnd = NL;
+    const std::string close = CloseLine;
+    const std::string closeClose = CloseCloseLine;
+    const std::string closeQuote = CloseQuoteLine;
+    std::string text;
 
-void AddFloat(const char* keyword, double number) { LevelText += keyword + DoubleToText(number) + CloseLine; }
+    void AddNumber(const char* keyword, Int16 number) { text += keyword + std::to_string(number) + close; }
+    void AddFloat(const char* keyword, double number) { text += keyword + DoubleToText(number) + close; }
+    void AddString(const char* keyword, const std::string& value) { text += keyword + QuoteChar + value + closeQuote; }
 
-void AddString(const char* keyword, const std::string& text) {
-    LevelText += keyword + QuoteChar + text + CloseQuoteLine;
-}
+    void AddFirstComment();
+    void AddScalarFields();
+    void AddLayer(const char* keyword, const TileMap& layer);
+    void AddResetPoints();
+    void AddObjects();
+    void AddEndComment();
+};
 
-void AddFirstComment() {
+void LevelComposer::AddFirstComment() {
     std::string& comment = LevelRecord.LevelComment;
     comment = std::string(Trim(comment));
     if (!comment.empty() && !comment.starts_with(";")) {
         comment.insert(0, "; ");
     }
-    LevelText += (comment.empty() ? ";Floebird-Level" : comment) + NL;
+    text += (comment.empty() ? ";Floebird-Level" : comment) + lineEnd;
 }
 
-void AddEndComment() {
+void LevelComposer::AddEndComment() {
     std::string& comment = LevelRecord.EndComment;
     comment = std::string(Trim(comment));
     if (comment.empty()) {
@@ -55,12 +60,11 @@ void AddEndComment() {
     if (!comment.starts_with(";;")) {
         comment.insert(0, ";; ");
     }
-    LevelText += comment + NL;
+    text += comment + lineEnd;
 }
 
-void AddScalarFields() {
-    const Level& level = LevelRecord;
-    LevelText += "  (version " + level.version + CloseLine;
+void LevelComposer::AddScalarFields() {
+    text += "  (version " + level.version + close;
     AddString("  (author ", level.author);
     AddString("  (name ", level.name);
     if (level.width > 0) {
@@ -84,72 +88,66 @@ void AddScalarFields() {
     AddNumber("  (time ", level.time);
     AddFloat("  (bkgd_speed ", level.bkgd_speed);
     AddFloat("  (hor_autoscroll_speed ", level.hor_autoscroll_speed);
-    LevelText += "  (back_scrolling #" + level.back_scrolling + CloseLine;
+    text += "  (back_scrolling #" + level.back_scrolling + close;
     AddFloat("  (gravity ", level.gravity);
 }
 
 /// The first row stands on the keyword's line, and each number has a blank behind it.
-void AddLayer(const char* keyword, const TileMap& layer) {
-    LevelText += keyword;
-    const int columns = LevelRecord.width;
-    std::string row(static_cast<std::size_t>(columns > 0 ? columns : 0) * LongestTileText, ' ');
+void LevelComposer::AddLayer(const char* keyword, const TileMap& layer) {
+    text += keyword;
+    const Int16 last = level.width - 1;
+    std::string row(static_cast<std::size_t>(std::max<int>(level.width, 0)) * LongestTileText, ' ');
     for (int y = 0; y < LevelRows; ++y) {
         YieldToEventQueue();
         char* end = row.data();
-        for (int x = 0; x < columns; ++x) {
+        for (int x = 0; x <= last; ++x) {
             end = std::to_chars(end, end + LongestTileText, static_cast<int>(layer(x, y))).ptr;
             *end++ = ' ';
         }
-        LevelText.append(row.data(), end);
-        LevelText += NL;
+        text.append(row.data(), end);
+        text += lineEnd;
     }
-    LevelText += CloseLine;
+    text += close;
 }
 
-void AddResetPoints() {
-    LevelText += "(reset-points" + NL;
-    for (int i = 1; i <= LevelRecord.ResetPointCount; ++i) {
-        const ResetPoint& point = LevelRecord.reset_points[i];
-        LevelText += "  (point (x " + std::to_string(point.x) + ") (y " + std::to_string(point.y) + CloseCloseLine;
+void LevelComposer::AddResetPoints() {
+    text += "(reset-points" + lineEnd;
+    for (int i = 1; i <= level.ResetPointCount; ++i) {
+        const ResetPoint& point = level.reset_points[i];
+        text += "  (point (x " + std::to_string(point.x) + ") (y " + std::to_string(point.y) + closeClose;
     }
-    LevelText += CloseLine;
+    text += close;
 }
 
-void AddObjects() {
-    LevelText += "(objects" + NL;
-    for (int i = 1; i <= LevelRecord.BadGuyCount; ++i) {
-        const BadGuy& badGuy = LevelRecord.objects[i];
-        LevelText += "(" + badGuy.name + " (x " + std::to_string(badGuy.x) + ") (y " + std::to_string(badGuy.y) +
-                     ") (stay-on-platform #" + StayOnPlatformText(i) + CloseCloseLine;
+void LevelComposer::AddObjects() {
+    text += "(objects" + lineEnd;
+    for (int i = 1; i <= level.BadGuyCount; ++i) {
+        const BadGuy& badGuy = level.objects[i];
+        text += "(" + badGuy.name + " (x " + std::to_string(badGuy.x) + ") (y " + std::to_string(badGuy.y) +
+                ") (stay-on-platform #" + StayOnPlatformText(badGuy) + closeClose;
     }
-    LevelText += CloseLine;
+    text += close;
 }
 
 }  // namespace
 
-void UseDosLineEnds() {
-    SetLineEnds("\r\n");
-    CloseCloseQuoteLine = "\"))" + NL;
-}
-
-void UseUnixLineEnds() { SetLineEnds("\n"); }
-
 void BuildLevelText() {
-    LevelText.clear();
-    AddFirstComment();
-    LevelText += "(floebird-level" + NL;
-    AddScalarFields();
-    AddLayer("  (background-tm  ", LevelRecord.background_tm);
-    AddLayer("  (interactive-tm  ", LevelRecord.interactive_tm);
-    AddLayer("  (foreground-tm  ", LevelRecord.foreground_tm);
+    LevelComposer composer;
+    composer.AddFirstComment();
+    composer.text += "(floebird-level" + composer.lineEnd;
+    composer.AddScalarFields();
+    composer.AddLayer("  (background-tm  ", composer.level.background_tm);
+    composer.AddLayer("  (interactive-tm  ", composer.level.interactive_tm);
+    composer.AddLayer("  (foreground-tm  ", composer.level.foreground_tm);
     YieldToEventQueue();
-    AddResetPoints();
-    AddObjects();
-    LevelText += CloseLine;
-    AddEndComment();
+    composer.AddResetPoints();
+    composer.AddObjects();
+    composer.text += composer.close;
+    composer.AddEndComment();
+    LevelText = std::move(composer.text);
 }
 
-const char* StayOnPlatformText(int index) { return LevelRecord.objects[index].stay_on_platform == 1 ? "t" : "f"; }
+const char* StayOnPlatformText(int index) { return StayOnPlatformText(LevelRecord.objects[index]); }
 
 void WriteLevelFile(std::string path) {  // NOLINT(performance-unnecessary-value-param): a yield may change LevelPath
     if (IsBlank(path)) {
@@ -163,11 +161,4 @@ void WriteLevelFile(std::string path) {  // NOLINT(performance-unnecessary-value
     } catch (const Fault&) {  // a failed save is not reported
     }
     YieldToEventQueue();
-}
-
-void WriteTextFile(const std::string& path, const std::string& text) {
-    const int file = FreeFileNumber();
-    OpenForBinary(file, path);
-    WriteBytes(file, text);
-    CloseFile(file);
 }

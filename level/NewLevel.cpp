@@ -30,8 +30,7 @@ std::string AuthorOfNewLevels() {
     if (!IsBlank(PrefsRecord.DefaultAuthor)) {
         return std::string(Trim(PrefsRecord.DefaultAuthor));
     }
-    LogonName = std::string(Trim(LogonName));
-    return LogonName;
+    return std::string(Trim(LogonName));
 }
 
 void FillNewLevel() {
@@ -87,23 +86,23 @@ bool LevelSetExists(const std::string& name) { return QueryFile(JoinPath(SetFold
 void NewLevelCommand() {
     if (LevelLoaded != False) {
         LastMsgResult =
-            MessageBox("Create a new level from scratch?\r\nCreating will erase current level if not saved first!",
-                       "Create New Level", MessageButtons::YesNoCancel, MessageIcon::Question);
+            ShowMessage("Create a new level from scratch?\r\nCreating will erase current level if not saved first!",
+                        "Create New Level", MessageButtons::YesNoCancel, MessageIcon::Question);
         if (LastMsgResult != AnswerYes) {
             return;
         }
     }
     if (!CreateNewLevel(FolderOf(LevelPath))) {
-        MessageBox("User Terminated or\r\nDisk Error Occured!", "Floebird Level Creation Error", MessageButtons::Ok,
-                   MessageIcon::Stop);
+        ShowMessage("User Terminated or\r\nDisk Error Occured!", "Floebird Level Creation Error", MessageButtons::Ok,
+                    MessageIcon::Stop);
         return;
     }
     ShowNewLevel();
 }
 
 void CreateLevelSet() {
-    LastMsgResult = MessageBox("Do you wish to start a new Floebird Level Set?", "Create New Level Set",
-                               MessageButtons::YesNoCancel, MessageIcon::Question);
+    LastMsgResult = ShowMessage("Do you wish to start a new Floebird Level Set?", "Create New Level Set",
+                                MessageButtons::YesNoCancel, MessageIcon::Question);
     if (LastMsgResult != AnswerYes) {
         return;
     }
@@ -112,8 +111,8 @@ void CreateLevelSet() {
         return;
     }
     if (LevelSetExists(name)) {
-        MessageBox("The Name Specified already exists!", "Level Set Creation Error", MessageButtons::Ok,
-                   MessageIcon::Stop);
+        ShowMessage("The Name Specified already exists!", "Level Set Creation Error", MessageButtons::Ok,
+                    MessageIcon::Stop);
         return;
     }
     if (!ShowNewInfoModal()) {

@@ -23,6 +23,9 @@ Int16 TypedNumber(const TextBox& box, Int16 former) {
     }
 }
 
+/// A sprite that has lost its bad guy, as by a new level that found no name, stays until the next drawing.
+bool IsFree(const MainFrm::BGSlot& slot) { return slot.object < 1 || slot.object > LevelRecord.BadGuyCount; }
+
 }  // namespace
 
 void MainFrm::ModeOption_Click(int Index) {
@@ -96,6 +99,10 @@ void MainFrm::FillUsedRow(int row, int entry) {
     Element(BGUNameBox, row).SetCaption(name);
     Element(BGUXBox, row).SetText(std::to_string(badGuy.x));
     Element(BGUYBox, row).SetText(std::to_string(badGuy.y));
+    const std::string whose = " of bad guy " + std::to_string(entry);
+    Element(BGUXBox, row).SetAccessibleName("X" + whose);
+    Element(BGUYBox, row).SetAccessibleName("Y" + whose);
+    Element(StayCheck, row).SetAccessibleName("Stay on platform" + whose);
 }
 
 void MainFrm::ShowUsedRow(int row, bool visible) {
@@ -109,7 +116,11 @@ void MainFrm::ShowUsedRow(int row, bool visible) {
 }
 
 void MainFrm::BGImg_MouseDown(int Index, int Button) {
-    SelectedBadGuy = Element(BGSlots, Index).object;
+    const BGSlot& slot = Element(BGSlots, Index);
+    if (IsFree(slot)) {
+        return;
+    }
+    SelectedBadGuy = slot.object;
     const Int16 first = BGUScroll.Value();
     if (SelectedBadGuy < first || SelectedBadGuy > first + (UsedRows - 1)) {
         const int wanted = std::max<int>(SelectedBadGuy - (UsedRows - 1), 1);
@@ -125,7 +136,12 @@ void MainFrm::BGImg_MouseDown(int Index, int Button) {
 }
 
 void MainFrm::BGImg_MouseMove(int Index) {
-    const Int16 entry = Element(BGSlots, Index).object;
+    const BGSlot& slot = Element(BGSlots, Index);
+    if (IsFree(slot)) {
+        Element(BGImg, Index).SetToolTip("");
+        return;
+    }
+    const Int16 entry = slot.object;
     const BadGuy& badGuy = LevelRecord.objects[entry];
     Element(BGImg, Index)
         .SetToolTip("BadGuy# " + std::to_string(entry) + ", " + UpperCase(badGuy.name) +

@@ -18,6 +18,7 @@ void MainFrm::Load() {
     SelectedBadGuy = -1;
     ClearSpriteBlink();
     UpdateDisplay();
+    DummyCmd.SetFocus();
 }
 
 void MainFrm::RestoreControls() {
@@ -61,8 +62,8 @@ void MainFrm::RestoreLevel() {
 }
 
 void MainFrm::OfferAnotherLevel() {
-    LastMsgResult = MessageBox("Do you wish to select anothe level now?", "Level Load Error",
-                               MessageButtons::YesNoCancel, MessageIcon::Question);
+    LastMsgResult = ShowMessage("Do you wish to select anothe level now?", "Level Load Error",
+                                MessageButtons::YesNoCancel, MessageIcon::Question);
     if (LastMsgResult == AnswerYes) {
         LoadLevelDialog();
     } else if (LastMsgResult == AnswerCancel) {

@@ -139,6 +139,7 @@ struct MainFrm {
     // The palette.
     void DrawTilePalette();
     void ScrollPaletteToTile();
+    [[nodiscard]] bool KnowsTileSet() const;
     [[nodiscard]] Int16 PaletteTile(int Index) const;
     void ToggleFavoriteA(int Index);
     void ToggleFavoriteB(int Index);
@@ -154,6 +155,7 @@ struct MainFrm {
     void AutoCheck_Click();
     void Img_MouseDown(int Index, int Button, int X, int Y);
     void Img_Click(int Index);
+    [[nodiscard]] Int16 LevelColumn(int Index) const;
     void PressTile(Int16 x, Int16 row);
     void PickTile(Int16 x, Int16 row);
     void PaintTile(Int16 x, Int16 row);

@@ -13,6 +13,7 @@ constexpr int MapTop = 80;
 constexpr int MapMargin = 4;  // of the black box around the cells
 
 constexpr Place SidePanel{632, 162, 244, 430};  // of the three frames that take turns
+constexpr Place WholePanel{0, 0, SidePanel.width, SidePanel.height};
 
 const std::vector<ToolBarButton> ToolBarButtons{
     {2, "Open Level", "Open an existing Level"},
@@ -76,11 +77,6 @@ void MakeMap(MainFrm& form) {
     form.ResetImg.SetToolTip("Reset Point");
     form.ResetImg.SetVisible(false);
     form.ResetImg.MouseMove = [&form](int, int, int, int) { form.ResetImg_MouseMove(); };
-    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, 596, GridWidth, 17}, Direction::Horizontal,
-                           {.largeChange = 16});
-    form.MapXScroll.SetAccessibleName("First map column");
-    form.MapXScroll.Change = [&form] { form.MapXScroll_Change(); };
-    form.MapXScroll.Scroll = [&form] { form.MapXScroll_Scroll(); };
     form.BGTimer.Create(form.Window, "BGTimer", 250);
     form.BGTimer.Tick = [&form] { form.BGTimer_Timer(); };
 }
@@ -95,20 +91,40 @@ void MakeTopRow(MainFrm& form) {
     form.FileNameBox.Click = [&form] { form.FileNameBox_Click(); };
 }
 
+struct OptionGroup {
+    Frame MainFrm::*frame;
+    std::array<OptionButton, 4> MainFrm::*options;
+    void (MainFrm::*click)(int Index);
+    const char* name;
+    const std::array<CaptionAndTip, 4>& texts;
+};
+
+void MakeOptions(MainFrm& form, const OptionGroup& group) {
+    for (int i = 0; i < 4; ++i) {
+        OptionButton& option = Element(form.*group.options, i);
+        option.Create(form.*group.frame, MemberName(group.name, i), {10, 20 + 20 * i, 105, 20},
+                      Element(group.texts, i).caption);
+        option.SetToolTip(Element(group.texts, i).toolTip);
+        option.Click = [&form, click = group.click, i] { (form.*click)(i); };
+    }
+}
+
 void MakeChoices(MainFrm& form) {
     form.LayerFrame.Create(form.Window, "LayerFrame", {632, 50, 120, 106}, "Layer");
     form.ModeFrame.Create(form.Window, "ModeFrame", {756, 50, 120, 106}, "Mode");
-    for (int i = 0; i < 4; ++i) {
-        const Place place{10, 20 + 20 * i, 105, 20};
-        OptionButton& layer = Element(form.LayerOption, i);
-        layer.Create(form.LayerFrame, MemberName("LayerOption", i), place, Element(Layers, i).caption);
-        layer.SetToolTip(Element(Layers, i).toolTip);
-        layer.Click = [&form, i] { form.LayerOption_Click(i); };
-        OptionButton& mode = Element(form.ModeOption, i);
-        mode.Create(form.ModeFrame, MemberName("ModeOption", i), place, Element(Modes, i).caption);
-        mode.SetToolTip(Element(Modes, i).toolTip);
-        mode.Click = [&form, i] { form.ModeOption_Click(i); };
-    }
+    MakeOptions(form,
+                {&MainFrm::LayerFrame, &MainFrm::LayerOption, &MainFrm::LayerOption_Click, "LayerOption", Layers});
+    MakeOptions(form, {&MainFrm::ModeFrame, &MainFrm::ModeOption, &MainFrm::ModeOption_Click, "ModeOption", Modes});
+}
+
+/// The row below the map, with its scroll bar.
+void MakeBottomRow(MainFrm& form) {
+    form.MapXScroll.Create(form.Window, "MapXScroll", {MapLeft, 596, GridWidth, 17}, Direction::Horizontal,
+                           {.largeChange = 16});
+    form.MapXScroll.SetAccessibleName("First map column");
+    form.MapXScroll.Change = [&form] { form.MapXScroll_Change(); };
+    form.MapXScroll.Scroll = [&form] { form.MapXScroll_Scroll(); };
+    form.Window.ScrollWithWheel({MapLeft, MapTop, GridWidth, GridHeight}, &form.MapXScroll, &form.MapXScroll);
     form.GridCheck.Create(form.Window, "GridCheck", {MapLeft, 624, 60, 20}, "Grid");
     form.GridCheck.SetToolTip("Toggle Grid On/Off");
     form.GridCheck.Click = [&form] { form.GridCheck_Click(); };
@@ -163,6 +179,7 @@ void MakePalette(MainFrm& form) {
     form.SelScroll.Create(form.TileFrame, "SelScroll", {186, 26, 17, 284}, Direction::Vertical,
                           {.maximum = 43, .largeChange = 8});
     form.SelScroll.SetAccessibleName("First palette row");
+    form.TileFrame.ScrollWithWheel(WholePanel, &form.SelScroll, nullptr);
     form.SelScroll.Change = [&form] { form.SelScroll_Change(); };
     form.SelScroll.Scroll = [&form] { form.SelScroll_Scroll(); };
     for (int i = 0; i < 3; ++i) {
@@ -221,7 +238,6 @@ void MakeUsedRow(MainFrm& form, int i, const Picture& marker) {
     CheckBox& stay = Element(form.StayCheck, i);
     stay.Create(frame, MemberName("StayCheck", i), {194, top + 17, 18, 20}, "");
     stay.SetToolTip("Stay on Platform Flag");
-    stay.SetAccessibleName("Stay on platform");
     stay.Click = [&form, i] { form.StayCheck_Click(i); };
 }
 
@@ -234,6 +250,7 @@ void MakeUsedList(MainFrm& form) {
     form.BGUScroll.Create(form.BGUFrame, "BGUScroll", {219, 24, 17, 354}, Direction::Vertical,
                           {.minimum = 1, .largeChange = 9, .value = 1});
     form.BGUScroll.SetAccessibleName("First bad guy in the list");
+    form.BGUFrame.ScrollWithWheel(WholePanel, &form.BGUScroll, nullptr);
     form.BGUScroll.Change = [&form] { form.BGUScroll_Change(); };
     form.BGUScroll.Scroll = [&form] { form.BGUScroll_Scroll(); };
     form.TotalBGULabel.Create(form.BGUFrame, "TotalBGULabel", {10, 384, 130, 18}, "Total Bad Guys Used");
@@ -255,6 +272,8 @@ void MainFrm::MakeControls() {
     MakePalette(*this);
     MakeKinds(*this);
     MakeUsedList(*this);
+    MakeBottomRow(*this);
     MakeReadOuts(*this);
     DummyCmd.Create(Window, "DummyCmd", {-200, -200, 80, 24}, "DummyCmd");
+    DummyCmd.HoldFocusFor({&SelScroll, &BGUScroll});
 }

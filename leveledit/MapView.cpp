@@ -17,6 +17,9 @@ Int16 Topmost(Int16 foreground, Int16 interactive, Int16 background) {
     return interactive != 0 ? interactive : background;
 }
 
+/// The tile that a level pixel lies in, from 0; pixels above or left of the level lie in negative ones.
+int TileOf(Int16 pixel) { return (pixel < 0 ? pixel - (TileSize - 1) : pixel) / TileSize; }
+
 }  // namespace
 
 const char* TileNote(int tile, const char* breakable) {
@@ -60,9 +63,10 @@ void MainFrm::DrawMap() {
     }
     Updating = true;
     PlaceResetSprite();
+    // First of all: a bar beyond a narrower level moves here, and draws the map itself then.
+    MapXScroll.SetMax(LevelRecord.width - ViewColumns);
     const Int16 viewLeft = MapXScroll.Value() * TileSize;
     const Int16 viewRight = viewLeft + ViewWidth;
-    MapXScroll.SetMax(LevelRecord.width - ViewColumns);
     DrawTiles();
     PlaceBadGuySprites(viewLeft, viewRight);
     PlaceStartSprite(viewLeft, viewRight);
@@ -79,12 +83,12 @@ void MainFrm::PlaceResetSprite() {
     const Int16 firstColumn = MapXScroll.Value();
     for (int i = 1; i <= LevelRecord.ResetPointCount; ++i) {
         const ResetPoint& point = LevelRecord.reset_points[i];
-        const int column = point.x / TileSize - firstColumn;
+        const int column = TileOf(point.x) - firstColumn;
         if (column < 0 || column >= ViewColumns) {
             ResetImg.SetVisible(false);
             continue;
         }
-        const ImageCell& cell = Element(Img, CellIndex(column, point.y / TileSize));
+        const ImageCell& cell = Element(Img, CellIndex(column, TileOf(point.y)));
         ResetImg.Move(cell.Left(), cell.Top());
         ShownResetIndex = i;
         ShownResetX = point.x;
@@ -205,7 +209,7 @@ void MainFrm::Img_MouseMove(int Index, int X, int Y) {
     if (LevelLoaded == False) {
         return;
     }
-    const Int16 x = MapXScroll.Value() + CellColumn(Index);
+    const Int16 x = LevelColumn(Index);
     const Int16 row = CellRow(Index);
     const Int16 tile = ShownTile(x, row);
     Element(Img, Index)

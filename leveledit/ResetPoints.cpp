@@ -55,8 +55,8 @@ void MainFrm::TakeStartPosition(Int16 x, Int16 row) {
 
 void MainFrm::AddResetPoint(Int16 x, Int16 row) {
     if (LevelRecord.ResetPointCount >= 1 && AnotherIsNear(x)) {
-        MessageBox("Another reset point is within 10 tiles", "Reset Point Setting Error", MessageButtons::Ok,
-                   MessageIcon::Warning);
+        ShowMessage("Another reset point is within 10 tiles", "Reset Point Setting Error", MessageButtons::Ok,
+                    MessageIcon::Warning);
         return;
     }
     LevelRecord.ResetPointCount += 1;

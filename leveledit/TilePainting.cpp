@@ -19,19 +19,23 @@ void MainFrm::AutoCheck_Click() {
 /// the release does the rest.
 void MainFrm::Img_MouseDown(int Index, int Button, int X, int Y) {
     const int row = CellRow(Index);
-    const Int16 x = MapXScroll.Value() + CellColumn(Index);
     if (CurrentMode == 1) {
-        PlaceBadGuy(x, row, X, Y);
-    } else if (CurrentMode == 0 && Button == LeftButton) {
-        PressTile(x, row);
-    } else if (CurrentMode == 0 && Button == RightButton) {
-        PickTile(x, row);
+        PlaceBadGuy(LevelColumn(Index), row, X, Y);
+    } else if (CurrentMode != 0 || LevelLoaded == False) {
+        return;
+    } else if (Button == LeftButton) {
+        PressTile(LevelColumn(Index), row);
+    } else if (Button == RightButton) {
+        PickTile(LevelColumn(Index), row);
     }
 }
 
+/// The column of the level that a cell of the view shows. Fault 6 beyond 16 bits, as the bar allows without a level.
+Int16 MainFrm::LevelColumn(int Index) const { return MapXScroll.Value() + CellColumn(Index); }
+
 void MainFrm::PressTile(Int16 x, Int16 row) {
     TileMap* layer = EditedLayer();
-    if (PickingStart || CurrentTile == ResetPointTile || LevelLoaded == False || layer == nullptr) {
+    if (PickingStart || CurrentTile == ResetPointTile || layer == nullptr) {
         return;
     }
     if (Int16& tile = (*layer)(x, row); tile != CurrentTile) {
@@ -41,9 +45,6 @@ void MainFrm::PressTile(Int16 x, Int16 row) {
 }
 
 void MainFrm::PickTile(Int16 x, Int16 row) {
-    if (LevelLoaded == False) {
-        return;
-    }
     if (const TileMap* layer = EditedLayer()) {
         CurrentTile = (*layer)(x, row);
     }
@@ -51,18 +52,16 @@ void MainFrm::PickTile(Int16 x, Int16 row) {
 }
 
 void MainFrm::Img_Click(int Index) {
-    const int column = CellColumn(Index);
     const int row = CellRow(Index);
-    const Int16 x = MapXScroll.Value() + column;
     if (LevelRecord.width == 0) {
-        MessageBox("You must create the level first!\r\nUse the File menu to create a new set or level.",
-                   "No Level Width Specified", MessageButtons::Ok, MessageIcon::Stop);
+        ShowMessage("You must create the level first!\r\nUse the File menu to create a new set or level.",
+                    "No Level Width Specified", MessageButtons::Ok, MessageIcon::Stop);
     } else if (PickingStart) {
-        TakeStartPosition(x, row);
+        TakeStartPosition(LevelColumn(Index), row);
     } else if (CurrentMode == 0 && CurrentTile == ResetPointTile) {
-        AddResetPoint(x, row);
+        AddResetPoint(LevelColumn(Index), row);
     } else if (CurrentMode == 0) {
-        PaintTile(x, row);
+        PaintTile(LevelColumn(Index), row);
         UpdateDisplay();
     }
 }

@@ -24,7 +24,7 @@ int ToggleFavorite(Favorites& list, int index, const char* name) {
     }
     if (list.back() > 0) {
         const std::string favorites = std::string("Favorites ") + name;
-        MessageBox(favorites + " List Full", favorites + " Error", MessageButtons::Ok, MessageIcon::Warning);
+        ShowMessage(favorites + " List Full", favorites + " Error", MessageButtons::Ok, MessageIcon::Warning);
         return -1;
     }
     const auto place = list.begin() + index;
@@ -38,18 +38,23 @@ int ToggleFavorite(Favorites& list, int index, const char* name) {
 void MainFrm::DrawTilePalette() {
     TileFrame.SetVisible(!LayerOption[3].Selected());
     CurImg.SetEnabled(true);
-    // A tile set of another version's preferences leaves the palette as it stands.
-    if (CurrentTileSet >= 0 && CurrentTileSet < static_cast<int>(TilesOption.size())) {
+    if (KnowsTileSet()) {
         SelScroll.SetVisible(CurrentTileSet == 0);
         for (int i = 0; i < PaletteCells; ++i) {
             const Int16 tile = PaletteTile(i);
             Element(SelImg, i).SetPicture(HasPicture(tile) ? BlockImgList()[tile] : Picture());
+            Element(SelImg, i).SetFramed(!HasPicture(tile));
         }
     }
     if (CurrentTileSet == 0 && CurrentTile == 0) {
         CurImg.SetToolTip("No Tile Selected");
     }
     CurImg.SetPicture(BlockImgList()[HasPicture(CurrentTile) ? static_cast<int>(CurrentTile) : NoTilePicture]);
+}
+
+/// A tile set of another version's preferences leaves the palette as it stands, and deaf.
+bool MainFrm::KnowsTileSet() const {
+    return CurrentTileSet >= 0 && CurrentTileSet < static_cast<int>(TilesOption.size());
 }
 
 /// The number of the tile in palette cell `Index`; 0 for an empty cell of a list.
@@ -86,7 +91,7 @@ void MainFrm::TilesOption_Click(int Index) {
 }
 
 void MainFrm::SelImg_MouseDown(int Index, int Button) {
-    if (Button != LeftButton || (CurrentMode != 0 && CurrentMode != 3)) {
+    if (Button != LeftButton || !KnowsTileSet() || (CurrentMode != 0 && CurrentMode != 3)) {
         return;
     }
     const bool editing = CurrentMode == 3;
@@ -101,6 +106,9 @@ void MainFrm::SelImg_MouseDown(int Index, int Button) {
 }
 
 void MainFrm::SelImg_MouseMove(int Index) {
+    if (!KnowsTileSet()) {
+        return;
+    }
     const Int16 tile = PaletteTile(Index);
     Element(SelImg, Index).SetToolTip("Tile # " + std::to_string(tile) + TileNote(tile));
 }

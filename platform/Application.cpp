@@ -8,6 +8,7 @@
 #include <QStyleFactory>
 #include <clocale>
 
+#include "platform/Accessibility.h"
 #include "platform/Conversions.h"
 #include "platform/EventQueue.h"
 #include "platform/Events.h"
@@ -32,11 +33,7 @@ QPalette LightPalette() {
 
 }  // namespace
 
-// The pictures are part of a library, and would be left out without a word for them.
-static void InitPictures() { Q_INIT_RESOURCE(pictures); }
-
 void PrepareToolkit() {
-    InitPictures();
     // The toolkit has just set the whole locale; our number texts have a separator of their own.
     UseSystemDecimalSeparator();
     std::setlocale(LC_NUMERIC, "C");
@@ -47,7 +44,8 @@ void PrepareToolkit() {
     font.setPixelSize(FontPixels);
     QApplication::setFont(font);
     QApplication::setQuitOnLastWindowClosed(false);
-    WatchInput();
+    WatchEvents();
+    DescribeScreensToTools();
 }
 
 int RunApplication(int argc, char** argv, const std::function<void()>& start) {

@@ -1,9 +1,31 @@
 #pragma once
 
+#include <cstdlib>
+#include <new>
 #include <vector>
 
 #include "platform/Fault.h"
 #include "platform/Int16.h"
+
+/// Memory that is zero from the start, as the system hands it out: what nothing is written to costs nothing.
+template <typename Element>
+struct ZeroedMemory {
+    using value_type = Element;
+
+    // NOLINTBEGIN(cppcoreguidelines-no-malloc): only these functions know which memory is zero already
+    Element* allocate(std::size_t count) {
+        if (void* memory = std::calloc(count, sizeof(Element))) {
+            return static_cast<Element*>(memory);
+        }
+        throw std::bad_alloc();
+    }
+    void deallocate(Element* elements, std::size_t) { std::free(elements); }
+    // NOLINTEND(cppcoreguidelines-no-malloc)
+
+    void construct(Element*) {}  // an element without a value is there already
+
+    bool operator==(const ZeroedMemory&) const = default;
+};
 
 /// A grid of tile numbers, addressed (column, row) from 0, row 0 at the top. It is made and remade as a whole.
 class TileMap {
@@ -15,7 +37,7 @@ public:
     /// fault 7 if there is no room for so many.
     TileMap(int lastColumn, int lastRow)
         : columns_(SizeUpTo(lastColumn)), rows_(SizeUpTo(lastRow)), cells_(WithMemoryFaults([&] {
-              return std::vector<Int16>(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_));
+              return Cells(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_));
           })) {}
 
     /// Fault 9 outside the map.
@@ -28,6 +50,8 @@ public:
     bool operator==(const TileMap&) const = default;
 
 private:
+    using Cells = std::vector<Int16, ZeroedMemory<Int16>>;
+
     static int SizeUpTo(int last) {
         if (last < 0) {
             throw Fault(FaultNumber::SubscriptOutOfRange);
@@ -44,7 +68,7 @@ private:
 
     int columns_ = 0;
     int rows_ = 0;
-    std::vector<Int16> cells_;
+    Cells cells_;
 };
 
 /// A list whose entries count from 1. Element 0 exists and is never an entry.

@@ -4,6 +4,7 @@
 
 class QRect;
 class QWidget;
+class ScrollBar;
 class Surface;
 
 /// Where a control stands in its container, in pixels.
@@ -25,6 +26,10 @@ public:
 
     /// The surface that paints the container's image cells.
     [[nodiscard]] Surface& PaintSurface() const { return *surface_; }
+
+    /// The wheel over `area` moves these bars, one step a notch: turned, or turned sideways or with the shift key.
+    /// Either bar may be null.
+    void ScrollWithWheel(Place area, ScrollBar* vertical, ScrollBar* horizontal);
 
 protected:
     Container();

@@ -1,44 +1,21 @@
 #include "platform/Controls.h"
 
-#include <QCheckBox>
+#include <QAbstractScrollArea>
 #include <QGroupBox>
-#include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPainter>
-#include <QPixmap>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
-#include <QSignalBlocker>
+#include <QStyleOptionFocusRect>
 #include <QTimer>
-#include <QToolButton>
-#include <algorithm>
-#include <climits>
-#include <optional>
 
+#include "platform/EventQueue.h"
 #include "platform/Events.h"
-#include "platform/Fault.h"
+#include "platform/Pressable.h"
 #include "platform/Surface.h"
 #include "platform/TextCoding.h"
 
 namespace {
-
-/// Runs a handler that the user's hand has raised. Handlers that code raises are called by the setters
-/// themselves, so that their faults reach the setter's caller.
-void Raise(const std::function<void()>& handler) {
-    if (handler) {
-        RunHandler(handler);
-    }
-}
-
-void RaiseFromCode(const std::function<void()>& handler) {
-    if (handler) {
-        handler();
-    }
-}
 
 /// A frame leaves the mouse, and all of its inside, to the surface below it, which paints the cells that stand
 /// in the frame: the style's own frame would lay a haze over them.
@@ -65,9 +42,17 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override { event->ignore(); }
 };
 
-class CaptionLabel : public QLabel {
+}  // namespace
+
+/// A label that can be clicked shows it to the mouse, and takes the focus and its keys.
+class CaptionLabel : public QLabel, public Pressable {
 public:
     CaptionLabel(QWidget* parent, Label& label) : QLabel(parent), label_(label) {}
+
+    void Press() override { Raise(*this, label_.Click); }
+    [[nodiscard]] QAccessible::Role Role() const override {
+        return label_.Click ? QAccessible::Link : QAccessible::StaticText;
+    }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override { event->setAccepted(label_.Click != nullptr); }
@@ -75,12 +60,37 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override {
         event->setAccepted(label_.Click != nullptr);
         if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
-            Raise(label_.Click);
+            Press();
+        }
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        const int key = event->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+            Press();
+        } else {
+            QLabel::keyPressEvent(event);
+        }
+    }
+
+    void showEvent(QShowEvent* event) override {
+        QLabel::showEvent(event);
+        setFocusPolicy(label_.Click ? Qt::TabFocus : Qt::NoFocus);
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (hasFocus()) {
+            QPainter painter(this);
+            QStyleOptionFocusRect option;
+            option.initFrom(this);
+            option.rect = rect().adjusted(1, 1, -1, -1);
+            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
         }
     }
 
     void enterEvent(QEnterEvent*) override {
-        if (label_.Click) {
+        if (label_.Click && !window()->testAttribute(Qt::WA_SetCursor)) {
             setCursor(Qt::PointingHandCursor);
         }
     }
@@ -88,45 +98,6 @@ protected:
 private:
     Label& label_;
 };
-
-/// The code of a key as text boxes report it, or nothing for keys that neither give a character nor change
-/// the text by one.
-std::optional<int> KeyAsciiOf(const QKeyEvent& event) {
-    if (event.key() == Qt::Key_Delete || event.key() == Qt::Key_Tab || event.text().isEmpty()) {
-        return std::nullopt;
-    }
-    if (event.modifiers().testFlag(Qt::ControlModifier) && !event.matches(QKeySequence::Paste)) {
-        return std::nullopt;  // select all, copy and their like add nothing to the text
-    }
-    return static_cast<unsigned char>(TextBytes(event.text().left(1), TextEncoding::Windows1252).front());
-}
-
-class KeyFilter : public QObject {
-public:
-    KeyFilter(QObject* parent, TextBox& box) : QObject(parent), box_(box) {}
-
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || !box_.KeyPress) {
-            return false;
-        }
-        const std::optional<int> key = KeyAsciiOf(*static_cast<QKeyEvent*>(event));
-        bool passes = true;
-        if (key) {
-            RunHandler([&] { passes = box_.KeyPress(*key); });
-        }
-        return !passes;
-    }
-
-private:
-    TextBox& box_;
-};
-
-void ToggleTo(QAbstractButton& button, bool checked) {
-    const QSignalBlocker quiet(button);
-    button.setChecked(checked);
-}
-
-}  // namespace
 
 std::string MemberName(const std::string& name, int index) { return name + "(" + std::to_string(index) + ")"; }
 
@@ -156,11 +127,19 @@ int Control::Top() const { return widget_->y(); }
 
 void Control::SetAccessibleName(const std::string& name) { widget_->setAccessibleName(ShownText(name)); }
 
+QAbstractSlider* Control::PageSlider() const {
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(widget_)) {
+        return area->verticalScrollBar();
+    }
+    return qobject_cast<QAbstractSlider*>(widget_);
+}
+
 void Frame::Create(Container& container, const std::string& name, Place place, const std::string& title) {
     auto* box = new FrameBox(ShownText(title), container.ContainerWidget());
     box->setMouseTracking(true);
     Adopt(box, name, place);
     Contain(box, &container.PaintSurface());
+    container.PaintSurface().AddFrame(this);
 }
 
 void Label::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
@@ -183,157 +162,17 @@ void Label::SetCaption(const std::string& caption) {
     caption_ = caption;
     const QString text = ShownText(caption);
     label_->setAccessibleName(text);  // the whole of it, even where the label is too short
-    label_->setText(label_->fontMetrics().elidedText(text, Qt::ElideMiddle, label_->contentsRect().width()));
-}
-
-void TextBox::Create(Container& container, const std::string& name, Place place) {
-    edit_ = new QLineEdit(container.ContainerWidget());
-    edit_->setMaxLength(INT_MAX);
-    edit_->installEventFilter(new KeyFilter(edit_, *this));
-    QObject::connect(edit_, &QLineEdit::textChanged, edit_, [this] { Raise(Change); });
-    Adopt(edit_, name, place);
-}
-
-void TextBox::SetText(const std::string& text) {
-    if (Text() == text) {
-        return;
-    }
-    {
-        const QSignalBlocker quiet(edit_);
-        utf8_ = EncodingOf(text) == TextEncoding::Utf8;
-        edit_->setText(ShownText(text));
-        edit_->setCursorPosition(0);
-    }
-    RaiseFromCode(Change);
-}
-
-std::string TextBox::Text() const {
-    return TextBytes(edit_->text(), utf8_ ? TextEncoding::Utf8 : TextEncoding::Windows1252);
-}
-
-void CheckBox::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
-    box_ = new QCheckBox(ShownText(caption), container.ContainerWidget());
-    QObject::connect(box_, &QCheckBox::clicked, box_, [this] { Raise(Click); });
-    Adopt(box_, name, place);
-}
-
-void CheckBox::SetValue(int value) {
-    if (value < 0 || value > 1) {
-        throw Fault(FaultNumber::InvalidPropertyValue);
-    }
-    if (Value() != value) {
-        ToggleTo(*box_, value == 1);
-        RaiseFromCode(Click);
-    }
-}
-
-Int16 CheckBox::Value() const { return box_->isChecked() ? 1 : 0; }
-
-void OptionButton::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
-    button_ = new QRadioButton(ShownText(caption), container.ContainerWidget());
-    QObject::connect(button_, &QRadioButton::clicked, button_, [this] { Raise(Click); });
-    Adopt(button_, name, place);
-}
-
-void OptionButton::Select() {
-    if (!Selected()) {
-        ToggleTo(*button_, true);
-        RaiseFromCode(Click);
-    }
-}
-
-bool OptionButton::Selected() const { return button_->isChecked(); }
-
-void Button::Create(Container& container, const std::string& name, Place place, const std::string& caption) {
-    button_ = new QPushButton(ShownText(caption), container.ContainerWidget());
-    QObject::connect(button_, &QPushButton::clicked, button_, [this] { Raise(Click); });
-    Adopt(button_, name, place);
-}
-
-void Button::SetCaption(const std::string& caption) { button_->setText(ShownText(caption)); }
-
-std::string Button::Caption() const { return TextBytes(button_->text()); }
-
-void ScrollBar::Create(Container& container, const std::string& name, Place place, Direction direction,
-                       ScrollRange range) {
-    bar_ =
-        new QScrollBar(direction == Direction::Horizontal ? Qt::Horizontal : Qt::Vertical, container.ContainerWidget());
-    bar_->setRange(range.minimum, range.maximum);
-    bar_->setPageStep(range.largeChange);
-    bar_->setValue(range.value);
-    bar_->setContextMenuPolicy(Qt::NoContextMenu);
-    QObject::connect(bar_, &QScrollBar::valueChanged, bar_, [this] { Raise(bar_->isSliderDown() ? Scroll : Change); });
-    QObject::connect(bar_, &QScrollBar::sliderPressed, bar_, [this] { valueBeforeDrag_ = bar_->value(); });
-    QObject::connect(bar_, &QScrollBar::sliderReleased, bar_, [this] {
-        if (bar_->value() != valueBeforeDrag_) {
-            Raise(Change);
-        }
-    });
-    Adopt(bar_, name, place);
-}
-
-/// Changes the bar without the toolkit's signals, and raises Change if the value has become another one.
-template <typename Setting>
-void ScrollBar::SetAndRaise(Setting setting) {
-    const int before = bar_->value();
-    {
-        const QSignalBlocker quiet(bar_);
-        setting();
-    }
-    if (bar_->value() != before) {
-        RaiseFromCode(Change);
-    }
-}
-
-void ScrollBar::SetValue(int value) {
-    if (value < bar_->minimum() || value > bar_->maximum()) {
-        throw Fault(FaultNumber::InvalidPropertyValue);
-    }
-    SetAndRaise([&] { bar_->setValue(value); });
-}
-
-Int16 ScrollBar::Value() const { return bar_->value(); }
-
-void ScrollBar::SetMax(int maximum) {
-    SetAndRaise([&] { bar_->setMaximum(std::max(maximum, bar_->minimum())); });
-}
-
-Int16 ScrollBar::Max() const { return bar_->maximum(); }
-
-void ToolBar::Create(Container& container, const std::string& name, Place place,
-                     const std::vector<ToolBarButton>& buttons, const ImageList& images) {
-    auto* bar = new QWidget(container.ContainerWidget());
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(1);
-    int picture = 0;
-    for (const ToolBarButton& entry : buttons) {
-        if (picture > 0 && entry.position > buttons[static_cast<std::size_t>(picture) - 1].position + 1) {
-            auto* separator = new QFrame(bar);
-            separator->setFrameStyle(int(QFrame::VLine) | int(QFrame::Sunken));
-            row->addWidget(separator);
-        }
-        auto* button = new QToolButton(bar);
-        button->setObjectName(ShownText(MemberName(name, entry.position)));
-        button->setText(ShownText(entry.caption));
-        button->setToolTip(ShownToolTip(entry.toolTip));
-        button->setAccessibleName(ShownText(entry.toolTip));
-        button->setIcon(QIcon(*images[++picture].Pixmap()));
-        button->setIconSize(QSize(24, 23));
-        button->setToolButtonStyle(entry.caption.empty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextUnderIcon);
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::NoFocus);
-        QObject::connect(button, &QToolButton::clicked, bar,
-                         [this, position = entry.position] { Raise([&] { ButtonClick(position); }); });
-        row->addWidget(button);
-    }
-    row->addStretch();
-    Adopt(bar, name, place);
+    const int width = label_->contentsRect().width();
+    label_->setText(label_->fontMetrics().elidedText(WithSymbols(text), Qt::ElideMiddle, width));
 }
 
 void Timer::Create(Container& container, const std::string& name, int milliseconds) {
     auto* timer = new QTimer(container.ContainerWidget());
     timer->setObjectName(ShownText(name));
-    QObject::connect(timer, &QTimer::timeout, timer, [this] { Raise(Tick); });
+    QObject::connect(timer, &QTimer::timeout, timer, [this] {
+        if (Tick) {
+            RunHandler(Tick);
+        }
+    });
     timer->start(milliseconds);
 }

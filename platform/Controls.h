@@ -9,16 +9,20 @@
 #include "platform/Int16.h"
 #include "platform/Pictures.h"
 
+class CaptionLabel;
+class LineBox;
+class PushButton;
+class QAbstractSlider;
 class QCheckBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
 class QRadioButton;
-class QScrollBar;
+class StepBar;
 
 // The controls of the screens. Each is made by Create, in its container, under its name, which members of an
 // array carry as "Name(3)"; texts are bytes. Setting a value from code raises the control's event at once if
 // the value changes, and a fault in the handler comes out of the setter.
+//
+// All of them can be reached by Tab, in the order in which they were made, and worked by keys: Enter and Space press
+// what has the focus, arrows, Page Up and Down, Home and End move scroll bars.
 
 /// The member `index` (from 0) of an array of controls or cells. Fault 9 if there is none.
 template <typename ControlArray>
@@ -51,6 +55,9 @@ public:
     /// For tools that read the screen, where the caption does not say what the control is.
     void SetAccessibleName(const std::string& name);
 
+    /// What scrolls the control's contents up and down, if anything does: itself or its vertical scroll bar.
+    [[nodiscard]] QAbstractSlider* PageSlider() const;
+
 protected:
     Control() = default;
     ~Control() = default;
@@ -82,11 +89,15 @@ public:
     [[nodiscard]] const std::string& Caption() const { return caption_; }
 
 private:
-    QLabel* label_ = nullptr;
+    CaptionLabel* label_ = nullptr;
     std::string caption_;
 };
 
-/// A box for text. Writes back in the encoding that it was filled with.
+/// A box for one line of text. Writes back in the encoding that it was filled with, or in UTF-8 if that one lacks a
+/// character or would show as something else. What is pasted or dropped ends at its first line end.
+///
+/// With a KeyPress, the characters that come by other ways than keys (clipboard, drag, input methods, tools) must pass
+/// it too, or nothing of them is taken; and nothing is deleted but by Backspace, Delete and typing over a selection.
 class TextBox : public Control {
 public:
     std::function<void()> Change;                ///< at every change of the text
@@ -94,11 +105,12 @@ public:
 
     void Create(Container& container, const std::string& name, Place place);
 
+    /// Keeps the caret of a box that has the focus.
     void SetText(const std::string& text);
     [[nodiscard]] std::string Text() const;
 
 private:
-    QLineEdit* edit_ = nullptr;
+    LineBox* edit_ = nullptr;
     bool utf8_ = true;
 };
 
@@ -140,8 +152,12 @@ public:
     void SetCaption(const std::string& caption);
     [[nodiscard]] std::string Caption() const;
 
+    /// For a button outside of the visible area, which only holds the focus. Tools are not told of it; it takes Tab,
+    /// and Page Up and Page Down for the first control of `paged` that is visible, and no other key.
+    void HoldFocusFor(std::vector<const Control*> paged);
+
 private:
-    QPushButton* button_ = nullptr;
+    PushButton* button_ = nullptr;
 };
 
 enum class Direction { Horizontal, Vertical };
@@ -172,11 +188,17 @@ public:
     void SetMax(int maximum);
     [[nodiscard]] Int16 Max() const;
 
+    /// Moves the bar as its user would, by so many steps (negative: back) as far as it goes; without effect while it is
+    /// hidden or disabled.
+    void ScrollBy(int steps);
+
 private:
     template <typename Setting>
     void SetAndRaise(Setting setting);
+    void TakeValue();
 
-    QScrollBar* bar_ = nullptr;
+    StepBar* bar_ = nullptr;
+    int value_ = 0;  // the last that was taken
     int valueBeforeDrag_ = 0;
 };
 
@@ -191,8 +213,8 @@ class ToolBar : public Control {
 public:
     std::function<void(int Position)> ButtonClick;
 
-    /// The buttons take the pictures of `images` in their order, from 1. Between two buttons whose positions
-    /// do not follow on each other stands a separator.
+    /// The buttons take the pictures of `images` in their order, from 1. Before a button whose position does not follow
+    /// on that of the one before stands a separator.
     void Create(Container& container, const std::string& name, Place place, const std::vector<ToolBarButton>& buttons,
                 const ImageList& images);
 };

@@ -10,6 +10,9 @@
 
 namespace {
 
+constexpr int DoubleDigits = 15;
+constexpr int SingleDigits = 7;
+
 std::string decimalSeparator = ".";
 
 /// The length of the number at the start of `text`: sign, digits, fraction, exponent; 0 if there is none.
@@ -75,13 +78,13 @@ double NumberIn(std::string_view text, FaultNumber beyondRange) {
     return *value;
 }
 
-std::string GeneralForm(double number, int digits) {
+std::string GeneralForm(double number, int digits, const std::string& separator) {
     char buffer[40];
     const auto end =
         std::to_chars(buffer, buffer + sizeof buffer, number == 0 ? 0.0 : number, std::chars_format::general, digits);
     std::string text = UpperCase({buffer, static_cast<std::size_t>(end.ptr - buffer)});
     if (const std::size_t point = text.find('.'); point != std::string::npos) {
-        text.replace(point, 1, decimalSeparator);
+        text.replace(point, 1, separator);
     }
     return text;
 }
@@ -111,9 +114,13 @@ Int16 RoundToInt16(double number) {
     return {static_cast<int>(rounded)};
 }
 
-std::string DoubleToText(double number) { return GeneralForm(number, 15); }
+std::string DoubleToPlainText(double number) { return GeneralForm(number, DoubleDigits, "."); }
 
-std::string SingleToText(float number) { return GeneralForm(static_cast<double>(number), 7); }
+std::string DoubleToText(double number) { return GeneralForm(number, DoubleDigits, decimalSeparator); }
+
+std::string SingleToText(float number) {
+    return GeneralForm(static_cast<double>(number), SingleDigits, decimalSeparator);
+}
 
 void UseSystemDecimalSeparator() {
     const std::string before = std::setlocale(LC_NUMERIC, nullptr);

@@ -20,11 +20,14 @@
 /// The nearest whole number, halves to the even neighbour. Fault 6 out of range.
 [[nodiscard]] Int16 RoundToInt16(double number);
 
-/// Up to 15 significant digits in the shortest general form (8, 0.5, 1E+20), with the decimal separator of
-/// the system's locale. Never a negative zero.
+/// Up to 15 significant digits in the shortest general form (8, 0.5, 1E+20), with the point as TextToDouble takes it.
+/// Never a negative zero.
+[[nodiscard]] std::string DoubleToPlainText(double number);
+
+/// The same with the decimal separator of the system's locale.
 [[nodiscard]] std::string DoubleToText(double number);
 
-/// Up to 7 significant digits, otherwise the same.
+/// Up to 7 significant digits, otherwise the same as DoubleToText.
 [[nodiscard]] std::string SingleToText(float number);
 
 /// Takes the decimal separator from the user's settings. Once, at start; until then it is the point.

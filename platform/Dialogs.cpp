@@ -1,17 +1,23 @@
 #include "platform/Dialogs.h"
 
 #include <QApplication>
-#include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <cstdlib>
 
+#include "platform/EventQueue.h"
+#include "platform/FileDialog.h"
+#include "platform/OneLine.h"
 #include "platform/TextCoding.h"
 
 namespace {
 
-constexpr int InputBoxWidth = 360;  // pixels; room for the title
+// Pixels; room for the title and the window manager's buttons beside it.
+constexpr int InputBoxWidth = 360;
+constexpr int TitlePixels = 14;
+constexpr int TitleButtonsWidth = 120;
 
 QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
     switch (buttons) {
@@ -41,37 +47,39 @@ int AnswerOf(int button) {
     }
 }
 
-/// The window that a dialog stays in front of: without one, a click on the waiting window would cover it.
-QWidget* Owner() { return QApplication::activeWindow(); }
+/// The window that a dialog stays in front of: the dialog that is open already, or the screen that is in front.
+QWidget* Owner() {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    return dialog != nullptr ? dialog : FrontWindow();
+}
 
-std::string RunFileDialog(const FileDialogSetup& setup, QFileDialog::AcceptMode mode) {
-    QFileDialog dialog(Owner());
-    // The plain dialog looks the same everywhere, and takes a proposed name with a path.
-    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
-                      QFileDialog::DontUseCustomDirectoryIcons);
-    dialog.setAcceptMode(mode);
-    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    dialog.setNameFilter(ShownText(setup.filter.substr(setup.filter.find('|') + 1)));
-    dialog.setFilter(QDir::AllDirs | QDir::Files | QDir::Hidden | QDir::NoDot);
-    dialog.setDirectory(ShownText(setup.folder));
-    // Into the box itself: the dialog's own way to propose a path would leave the start folder for the path's.
-    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); name != nullptr) {
-        name->setText(ShownText(setup.proposedName));
-        name->selectAll();
-    }
+std::string RunFileDialog(const FileDialogSetup& setup, FileDialog::Purpose purpose) {
+    FileDialog dialog(setup, purpose, Owner());
     if (dialog.exec() != QDialog::Accepted) {
         throw Fault(FaultNumber::CancelWasSelected);
     }
-    return TextBytes(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+    return dialog.Chosen();
+}
+
+/// Makes `box` as wide as its title needs: window managers set it in letters of their own, and cut it off.
+void MakeRoomForTitle(QMessageBox& box) {
+    QFont bold = box.font();
+    bold.setBold(true);
+    bold.setPixelSize(TitlePixels);
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + TitleButtonsWidth;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()); grid != nullptr) {
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
 }
 
 }  // namespace
 
-Int16 MessageBox(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon) {
+Int16 ShowMessage(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon) {
     // The toolkit breaks lines at LF only.
     const QString lines = ShownText(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     QMessageBox box(IconOf(icon), ShownText(title), lines, ButtonsOf(buttons), Owner());
     box.setTextFormat(Qt::PlainText);
+    MakeRoomForTitle(box);
     return AnswerOf(box.exec());
 }
 
@@ -80,15 +88,19 @@ std::string InputBox(const std::string& prompt, const std::string& title) {
     dialog.setWindowTitle(ShownText(title));
     dialog.setLabelText(ShownText(prompt));
     dialog.resize(dialog.sizeHint().expandedTo({InputBoxWidth, 0}));
+    if (auto* edit = dialog.findChild<QLineEdit*>(); edit != nullptr) {
+        KeepFirstLineIn(*edit);
+    }
     return dialog.exec() == QDialog::Accepted ? TextBytes(dialog.textValue()) : std::string();
 }
 
-std::string OpenFileDialog(const FileDialogSetup& setup) { return RunFileDialog(setup, QFileDialog::AcceptOpen); }
+std::string OpenFileDialog(const FileDialogSetup& setup) { return RunFileDialog(setup, FileDialog::Purpose::Open); }
 
-std::string SaveFileDialog(const FileDialogSetup& setup) { return RunFileDialog(setup, QFileDialog::AcceptSave); }
+std::string SaveFileDialog(const FileDialogSetup& setup) { return RunFileDialog(setup, FileDialog::Purpose::Save); }
 
-void EndWithFault(const Fault& fault) {
-    MessageBox(FaultMessage(fault), "FB_Editor", MessageButtons::Ok, MessageIcon::Stop);
+void EndWithFault(const Fault& fault, const std::string& advice) {
+    const std::string text = FaultMessage(fault) + (advice.empty() ? "" : "\n\n" + advice);
+    ShowMessage(text, "FB_Editor", MessageButtons::Ok, MessageIcon::Stop);
     std::_Exit(EXIT_FAILURE);
 }
 

@@ -18,7 +18,7 @@ inline constexpr int AnswerNo = 7;
 
 /// Shows a message and gives the button pressed. Closing the box counts as its last button's answer where
 /// that is Cancel or OK; a box of Yes and No can only be answered.
-Int16 MessageBox(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon);
+Int16 ShowMessage(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon);
 
 /// Asks for one line of text; empty when cancelled.
 std::string InputBox(const std::string& prompt, const std::string& title);
@@ -37,8 +37,9 @@ std::string OpenFileDialog(const FileDialogSetup& setup);
 std::string SaveFileDialog(const FileDialogSetup& setup);
 
 /// Tells the user of a fault that met no trap, in a box titled "FB_Editor", and ends the process with exit
-/// status 1, at once: nothing is saved, no screen is asked. (A test's double returns.)
-void EndWithFault(const Fault& fault);
+/// status 1, at once: nothing is saved, no screen is asked. `advice`, if any, stands below the message behind an empty
+/// line. (A test's double returns.)
+void EndWithFault(const Fault& fault, const std::string& advice = "");
 
 /// Ends the process with exit status 0, at once. (A test's double throws or returns.)
 void EndProcess();

@@ -1,10 +1,13 @@
 #include "platform/Events.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QThread>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
 #include <chrono>
+#include <utility>
 #include <vector>
 
 #include "platform/Dialogs.h"
@@ -35,26 +38,32 @@ struct LoadedScreen {
     Clock::time_point since;
 };
 
-std::vector<LoadedScreen> screens;
+std::vector<LoadedScreen> screens;  // in the order in which they came to the front
 std::vector<std::shared_ptr<void>> retired;
-bool anyScreenLoaded = false;
 int runningHandlers = 0;
+bool lastScreenHasClosed = false;  // while handlers run that are to come to their ends
+bool onlyClosingIsInput = false;
+int closings = 0;
 int yieldsBetweenLooks = 1;
 Clock::time_point lastLook;
 Clock::time_point lastDelivery;
 
-void EndAfterLastScreen() {
-    if (anyScreenLoaded && screens.empty()) {
-        EndProcess();
-    }
-}
-
-void ShowSlowScreens(Clock::time_point now) {
-    for (const LoadedScreen& loaded : screens) {
-        if (now - loaded.since > LoadingWithoutWindow) {
+void ShowScreensLoadedBefore(Clock::time_point time) {
+    const std::vector<LoadedScreen> candidates = screens;  // showing one brings it to the front
+    for (const LoadedScreen& loaded : candidates) {
+        if (loaded.since < time) {
             loaded.screen->ShowIfNeverShown();
         }
     }
+}
+
+void SleepUntilEvent() {
+    ShowScreensLoadedBefore(Clock::now());
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+auto PlaceOf(const Screen& screen) {
+    return std::ranges::find(screens, &screen, [](const LoadedScreen& loaded) { return loaded.screen; });
 }
 
 bool IsInput(QEvent::Type type) {
@@ -74,7 +83,8 @@ bool IsInput(QEvent::Type type) {
         case QEvent::HoverEnter:
         case QEvent::HoverMove:
         case QEvent::DragEnter:
-        case QEvent::Drop: return true;
+        case QEvent::Drop:
+        case QEvent::InputMethod: return true;
         default: return false;
     }
 }
@@ -87,8 +97,7 @@ public:
         if (!IsInput(event->type()) || !receiver->isWidgetType()) {
             return false;
         }
-        const auto* surface = dynamic_cast<Surface*>(static_cast<QWidget*>(receiver)->window());
-        return surface != nullptr && !surface->takesInput;
+        return !TakesInput(*static_cast<QWidget*>(receiver));
     }
 };
 
@@ -104,15 +113,30 @@ void LookAtEventQueue() {
     if (now - lastDelivery < DeliveryPause) {
         return;
     }
-    ShowSlowScreens(now);
+    ShowScreensLoadedBefore(now - LoadingWithoutWindow);
     QCoreApplication::processEvents();
     lastLook = lastDelivery = Clock::now();
-    EndAfterLastScreen();
+}
+
+void GiveUpAfterLastScreen() {
+    if (lastScreenHasClosed) {
+        throw GivenUp();
+    }
 }
 
 void WaitForEvent() {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    EndAfterLastScreen();
+    GiveUpAfterLastScreen();
+    SleepUntilEvent();
+}
+
+void WaitForClosing() {
+    const int closingsBefore = closings;
+    onlyClosingIsInput = true;
+    while (closings == closingsBefore) {
+        SleepUntilEvent();
+    }
+    onlyClosingIsInput = false;
+    throw GivenUp();
 }
 
 void RunHandler(const std::function<void()>& handler) {
@@ -123,35 +147,77 @@ void RunHandler(const std::function<void()>& handler) {
         WithMemoryFaults(handler);
     } catch (const Fault& fault) {
         EndWithFault(fault);
+    } catch (const GivenUp&) {  // NOLINT(bugprone-empty-catch): the handler has come to its end
     }
     --runningHandlers;
-}
-
-void ScreenLoaded(Screen& screen) {
-    anyScreenLoaded = true;
-    screens.push_back({&screen, Clock::now()});
-}
-
-void ScreenClosed(Screen& screen) {
-    std::erase_if(screens, [&](const LoadedScreen& loaded) { return loaded.screen == &screen; });
-    if (screens.empty()) {
+    if (runningHandlers == 0 && std::exchange(lastScreenHasClosed, false)) {
         QCoreApplication::quit();
     }
 }
 
+void ScreenLoaded(Screen& screen) { screens.push_back({&screen, Clock::now()}); }
+
+void ScreenCameToFront(const Screen& screen) {
+    if (const auto place = PlaceOf(screen); place != screens.end()) {
+        std::rotate(place, place + 1, screens.end());
+    }
+}
+
+void ScreenClosed(const Screen& screen) {
+    const auto place = PlaceOf(screen);
+    if (place == screens.end()) {
+        return;
+    }
+    screens.erase(place);
+    ++closings;
+    if (!screens.empty()) {
+        return;
+    }
+    if (runningHandlers > 0) {
+        lastScreenHasClosed = true;
+    } else {
+        QCoreApplication::quit();
+    }
+}
+
+QWidget* FrontWindow() {
+    for (auto loaded = screens.rbegin(); loaded != screens.rend(); ++loaded) {
+        if (loaded->screen->Window().isVisible()) {
+            return &loaded->screen->Window();
+        }
+    }
+    return nullptr;
+}
+
+bool TakesInput(const QWidget& widget) {
+    const auto* surface = dynamic_cast<const Surface*>(widget.window());
+    return surface == nullptr || (surface->takesInput && !onlyClosingIsInput);
+}
+
 bool AnyScreenLoaded() { return !screens.empty(); }
+
+void Raise(const QWidget& source, const std::function<void()>& handler) {
+    if (handler && TakesInput(source)) {
+        RunHandler(handler);
+    }
+}
 
 void DestroyWhenIdle(std::shared_ptr<void> object) {
     retired.push_back(std::move(object));
-    // Not at once: the handler that closed the screen belongs to it. A handler that still waits then leaves
-    // the object to the next closing, or to the end of the process.
+    // Not at once: the handler that closed the screen belongs to it.
     QTimer::singleShot(0, qApp, DestroyClosedScreens);
 }
 
+/// The toolkit's own loops (a drag, a dialog, a menu) stand on the code of a control, as handlers do.
 void DestroyClosedScreens() {
-    if (runningHandlers == 0) {
+    if (runningHandlers == 0 && QThread::currentThread()->loopLevel() <= 1) {
         retired.clear();
     }
 }
 
-void WatchInput() { qApp->installEventFilter(new InputFilter(qApp)); }
+void WatchEvents() {
+    qApp->installEventFilter(new InputFilter(qApp));
+    // What a handler or a loop has kept alive is destroyed at the first rest behind it.
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, qApp,
+                     DestroyClosedScreens);
+}

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <tuple>
 
-#include "platform/Events.h"
+#include "platform/EventQueue.h"
 #include "platform/Files.h"
 #include "platform/TextCoding.h"
 #include "platform/Texts.h"
@@ -29,7 +29,7 @@ void FileList::Create(Container& container, const std::string& name, Place place
     QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this] {
         const int row = list_->currentRow();
         if (Click && row >= 0) {
-            RunHandler([&] { Click(Element(names_, row)); });
+            Raise(*list_, [&] { Click(Element(names_, row)); });
         }
     });
     Adopt(list_, name, place);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "platform/Fault.h"
 
@@ -27,44 +28,13 @@ struct CloseStream {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
 };
 
-#ifdef _WIN32
-
-/// Names are wide characters to this system. Ours are read as texts are shown: as UTF-8 if they are that, else as
-/// Windows-1252, so that every name leads to some file. The system's narrow functions would read them in a code page
-/// that differs from one computer to the next.
-fs::path HostPath(const std::string& bytes) {
-    const auto size = static_cast<int>(bytes.size());
-    constexpr UINT Windows1252 = 1252;
-    const bool utf8 = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0) > 0;
-    const UINT encoding = utf8 ? CP_UTF8 : Windows1252;
-    std::wstring name(bytes.size(), L'\0');  // no encoding takes more units than bytes
-    name.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(encoding, 0, bytes.data(), size, name.data(), static_cast<int>(name.size()))));
-    return name;
-}
-
-std::string BytesOf(const fs::path& path) {
-    const std::wstring& name = path.native();
-    const auto size = static_cast<int>(name.size());
-    std::string bytes(3 * name.size(), '\0');  // no unit takes more bytes
-    bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, name.data(), size, bytes.data(),
-                                                              static_cast<int>(bytes.size()), nullptr, nullptr)));
-    return bytes;
-}
-
 std::FILE* OpenStream(const std::string& path, const char* mode) {
+#ifdef _WIN32
     return _wfopen(HostPath(path).c_str(), HostPath(mode).c_str());
-}
-
 #else
-
-fs::path HostPath(const std::string& bytes) { return bytes; }
-
-std::string BytesOf(const fs::path& path) { return path.string(); }
-
-std::FILE* OpenStream(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
-
+    return std::fopen(path.c_str(), mode);
 #endif
+}
 
 /// An open file. Text input takes the whole file at once and walks it: the lines of a level are short and
 /// many, and one look for the next CR is cheaper than a buffered read for each. It has no stream any more then, since
@@ -142,6 +112,15 @@ NumberedFile& Open(int number, const std::string& path, const char* mode) {
     return *(openFiles[static_cast<std::size_t>(number)] = std::move(file));
 }
 
+/// Opens a file that need not exist; what is missing then is its folder.
+NumberedFile& OpenForWriting(int number, const std::string& path, const char* mode) {
+    try {
+        return Open(number, path, mode);
+    } catch (const Fault& fault) {
+        throw fault.Number() == FaultNumber::FileNotFound ? Fault(FaultNumber::PathNotFound) : fault;
+    }
+}
+
 bool CanWriteFolder(const std::string& folder) {
 #ifdef _WIN32
     // Only trying tells: the read-only mark of a folder means something else there, and rights are not all that counts.
@@ -153,17 +132,31 @@ bool CanWriteFolder(const std::string& folder) {
 #endif
 }
 
-std::string ConfigurationFolder() {
+/// Where the user's programs keep their settings, the first choice first. The user database knows a home folder also
+/// where the environment names none.
+std::vector<std::string> ConfigurationFolders() {
 #ifdef _WIN32
     const wchar_t* roaming = _wgetenv(L"APPDATA");
-    return BytesOf(roaming != nullptr ? roaming : L".");
+    return {PathBytes(roaming != nullptr ? roaming : L".")};
 #else
+    std::vector<std::string> folders;
     if (const char* configured = std::getenv("XDG_CONFIG_HOME"); configured != nullptr && *configured == '/') {
-        return configured;
+        folders.emplace_back(configured);
     }
-    const char* home = std::getenv("HOME");
-    return std::string(home != nullptr ? home : "") + "/.config";
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') {
+        folders.push_back(std::string(home) + "/.config");
+    }
+    if (const passwd* owner = getpwuid(geteuid()); owner != nullptr) {
+        folders.push_back(std::string(owner->pw_dir) + "/.config");
+    }
+    return folders;
 #endif
+}
+
+void WriteAll(std::FILE* stream, std::string_view bytes) {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() || std::fflush(stream) != 0) {
+        throw FaultOfErrno(errno);
+    }
 }
 
 }  // namespace
@@ -190,13 +183,8 @@ void OpenForInput(int number, const std::string& path) {
 
 void OpenForBinary(int number, const std::string& path) {
     // "r+" refuses a missing file and "w+" would cut an existing one off, so a missing one is made first.
-    std::error_code ignored;
-    if (!path.empty() && !fs::exists(HostPath(path), ignored)) {
-        const std::unique_ptr<std::FILE, CloseStream> made(OpenStream(path, "ab"));
-        if (made == nullptr) {
-            throw errno == ENOENT ? Fault(FaultNumber::PathNotFound) : FaultOfErrno(errno);
-        }
-    }
+    OpenForWriting(number, path, "ab");
+    CloseFile(number);
     Open(number, path, "r+b");
 }
 
@@ -233,9 +221,13 @@ std::string ReadBytes(int number) {
 void WriteBytes(int number, std::string_view bytes) {
     std::FILE* stream = StreamOf(number);
     std::rewind(stream);
-    if (std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size() || std::fflush(stream) != 0) {
-        throw FaultOfErrno(errno);
-    }
+    WriteAll(stream, bytes);
+}
+
+void WriteTextFile(const std::string& path, std::string_view text) {
+    const int number = FreeFileNumber();
+    const FileCloser closer(number);
+    WriteAll(OpenForWriting(number, path, "wb").stream.get(), text);
 }
 
 void CloseFile(int number) {
@@ -255,7 +247,7 @@ std::vector<std::string> FilesIn(const std::string& folder) {
     for (fs::directory_iterator entry(HostPath(folder), error), end; entry != end && !error; entry.increment(error)) {
         std::error_code unreadable;  // a dangling link is listed: choosing it tells what is wrong
         if (!entry->is_directory(unreadable)) {
-            names.push_back(BytesOf(entry->path().filename()));
+            names.push_back(PathBytes(entry->path().filename()));
         }
     }
     if (error) {
@@ -271,7 +263,7 @@ std::string QueryFile(const std::string& path) {
     if (!fs::exists(file, ignored) || FolderExists(path)) {
         return {};
     }
-    return BytesOf(file.filename());
+    return PathBytes(file.filename());
 }
 
 void DeleteExistingFile(const std::string& path) {
@@ -293,34 +285,63 @@ void MakeFolder(const std::string& path) {
     throw Fault(missingParent ? FaultNumber::PathNotFound : FaultNumber::PathFileAccessError);
 }
 
-std::string ProgramFolder() {
+fs::path HostPath(const std::string& bytes) {
+#ifdef _WIN32
+    constexpr UINT Windows1252 = 1252;
+    const auto size = static_cast<int>(bytes.size());
+    const bool utf8 = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0) > 0;
+    std::wstring name(bytes.size(), L'\0');  // no encoding takes more units than bytes
+    name.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(utf8 ? CP_UTF8 : Windows1252, 0, bytes.data(), size, name.data(), size)));
+    return name;
+#else
+    return bytes;
+#endif
+}
+
+std::string PathBytes(const fs::path& path) {
+#ifdef _WIN32
+    const std::wstring& name = path.native();
+    std::string bytes(3 * name.size(), '\0');  // no unit takes more
+    bytes.resize(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, name.data(), static_cast<int>(name.size()),
+                                                     bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr)));
+    return bytes;
+#else
+    return path.string();
+#endif
+}
+
+std::string FolderOfProgram() {
 #ifdef _WIN32
     constexpr std::size_t LongestPath = 32768;
     std::wstring path(LongestPath, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return BytesOf(fs::path(path).parent_path());
+    return PathBytes(fs::path(path).parent_path());
 #else
     std::error_code ignored;
     return fs::read_symlink("/proc/self/exe", ignored).parent_path().string();
 #endif
 }
 
-std::string WritableProgramFolder() {
-    std::string beside = ProgramFolder();
-    if (CanWriteFolder(beside)) {
-        return beside;
+std::string WritableFolder(const std::string& preferred) {
+    std::string folder = preferred;
+    for (const std::string& configuration : ConfigurationFolders()) {
+        if (CanWriteFolder(folder)) {
+            break;
+        }
+        folder = configuration + std::string(PathSeparator) + "FB_Editor";
+        std::error_code ignored;
+        fs::create_directories(HostPath(folder), ignored);
     }
-    std::string own = ConfigurationFolder() + std::string(PathSeparator) + "FB_Editor";
-    std::error_code ignored;
-    fs::create_directories(HostPath(own), ignored);
-    return own;
+    return folder;
 }
 
 std::string ProcessOwnerName() {
 #ifdef _WIN32
     std::array<wchar_t, UNLEN + 1> name{};
     auto size = static_cast<DWORD>(name.size());
-    return GetUserNameW(name.data(), &size) != 0 ? BytesOf(name.data()) : "";
+    return GetUserNameW(name.data(), &size) != 0 ? PathBytes(name.data()) : "";
 #else
     const passwd* owner = getpwuid(geteuid());
     return owner != nullptr ? owner->pw_name : "";

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// Files by number, as the readers and writers use them. Paths and contents are bytes; where a system names its files in
-// other units than bytes, a path is UTF-8. Every failure is a
+// Files by number, as the readers and writers use them. Paths and contents are bytes (see HostPath). Every failure is a
 // fault: 53 no such file, 75 not to be opened (a folder, no right to it, no such folder above it: 76), 57
 // for an error of the device, 61 for a full disk, 67 when all numbers are taken.
 
@@ -34,8 +34,24 @@ void OpenForBinary(int number, const std::string& path);
 /// Writes `bytes` from the file's start, without cutting off what stands behind them. Faults 52, 57, 61.
 void WriteBytes(int number, std::string_view bytes);
 
+/// Makes the file at `path` hold `text`, byte for byte and nothing behind it, whatever stood there before. The file is
+/// closed on every way out. Faults 57, 61, 67, 75, 76.
+void WriteTextFile(const std::string& path, std::string_view text);
+
 /// Closes a file; without effect when `number` is not open.
 void CloseFile(int number);
+
+/// Closes a file on every way out of a block.
+class FileCloser {
+public:
+    explicit FileCloser(int number) : number_(number) {}
+    FileCloser(const FileCloser&) = delete;
+    FileCloser& operator=(const FileCloser&) = delete;
+    ~FileCloser() { CloseFile(number_); }
+
+private:
+    int number_;
+};
 
 [[nodiscard]] bool FolderExists(const std::string& path);
 
@@ -59,12 +75,20 @@ inline constexpr std::string_view PathSeparator =
     "/";
 #endif
 
-/// The folder of the running program, without a separator at its end.
-[[nodiscard]] std::string ProgramFolder();
+/// The path that `bytes` stand for, for use with the standard library. Where names are no bytes but wide characters,
+/// they are read as texts are shown: as UTF-8 if they are that, else as Windows-1252, so that every name leads to some
+/// file. The library's own reading would be that of a code page, which differs from one computer to the next.
+[[nodiscard]] std::filesystem::path HostPath(const std::string& bytes);
 
-/// Where the program keeps files of its own: its folder, or `FB_Editor` in the user's configuration folder
-/// (made when missing) if the program's folder cannot be written.
-[[nodiscard]] std::string WritableProgramFolder();
+/// The bytes of a path: its own, or UTF-8.
+[[nodiscard]] std::string PathBytes(const std::filesystem::path& path);
+
+/// The folder of the running program, without a separator at its end.
+[[nodiscard]] std::string FolderOfProgram();
+
+/// Where the program keeps files of its own: `preferred`, or `FB_Editor` in the user's configuration folder (made when
+/// missing) if that cannot be written. Where neither can be, opening a file there tells why.
+[[nodiscard]] std::string WritableFolder(const std::string& preferred);
 
 /// The name of the user who owns the process, or nothing if the system does not tell.
 [[nodiscard]] std::string ProcessOwnerName();

@@ -16,7 +16,8 @@ inline constexpr int RightButton = 2;
 inline constexpr int MiddleButton = 4;
 
 /// A picture on a screen: no window of its own, painted by the screen in the order in which the cells were
-/// made. Positions are pixels within the container.
+/// made. Positions are pixels within the container. A cell without a handler for the press or the move of the mouse
+/// lets it through to the cell below.
 class ImageCell {
 public:
     /// Raised when a button goes down on the cell. X and Y are pixels from its upper left corner, from 0.
@@ -66,6 +67,9 @@ public:
     /// 1 for a thin border, 0 for none.
     void SetBorder(int border);
 
+    /// A thin grey frame, for a place that is empty.
+    void SetFramed(bool framed);
+
 private:
     friend class Surface;
 
@@ -81,6 +85,7 @@ private:
     int width_ = 0;
     int height_ = 0;
     int border_ = 0;
+    bool framed_ = false;
     bool stretch_ = false;
     bool visible_ = true;
     bool enabled_ = true;

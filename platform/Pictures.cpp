@@ -1,64 +1,79 @@
 #include "platform/Pictures.h"
 
-#include <QFileInfo>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QImageReader>
 #include <QPixmap>
+#include <utility>
 
 #include "platform/Fault.h"
-#include "platform/TextCoding.h"
+#include "platform/Files.h"
+#include "platform/SheetIndex.h"
+
+extern "C" const SheetEntry fb_pictures[];  // and the pixels; in PictureData.cpp
 
 namespace {
 
 constexpr int SheetColumns = 16;
 
-/// The sheet at the resolution of the screen: each comes at single and at double size.
-QImage LoadSheet(std::string_view name) {
-    const bool doubleSize = qGuiApp->devicePixelRatio() > 1.0;
-    const QString path = QStringLiteral(":/pictures/") + QString::fromLatin1(name.data(), qsizetype(name.size()));
-    QImage sheet(path + (doubleSize ? QStringLiteral("@2x.png") : QStringLiteral(".png")));
-    sheet.setDevicePixelRatio(doubleSize ? 2.0 : 1.0);
-    return sheet;
-}
+/// Megabytes that decoding may take: 23000 by 23000 pixels. What claims to be larger is a broken file.
+constexpr int LargestPicture = 2048;
 
-bool IsOpaque(const QImage& image) {
-    if (!image.hasAlphaChannel()) {
-        return true;
-    }
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) != 255) {
-                return false;
-            }
-        }
-    }
-    return true;
+/// At the resolution of the screen: each sheet comes at single and at double size.
+QImage SheetOfScreen(std::string_view name) {
+    const int zoom = qGuiApp->devicePixelRatio() > 1.0 ? 2 : 1;
+    QImage sheet = SheetPixels(name, zoom);
+    sheet.setDevicePixelRatio(zoom);
+    return sheet;
 }
 
 }  // namespace
 
-// Opaque pictures without an alpha channel are copied to the screen, others must be blended: an order of
-// magnitude for the map's hundreds of cells.
-Picture::Picture(const QImage& image)
-    : pixmap_(std::make_shared<const QPixmap>(QPixmap::fromImage(
-          image.convertToFormat(IsOpaque(image) ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied)))) {}
-
-ImageList::ImageList(std::string_view name, int count, int width, int height) {
-    const QImage sheet = LoadSheet(name).convertToFormat(QImage::Format_ARGB32);
-    const int scale = static_cast<int>(sheet.devicePixelRatio());
-    pictures_.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        const QRect cell(i % SheetColumns * width, i / SheetColumns * height, width, height);
-        pictures_.emplace_back(
-            sheet.copy(QRect(cell.topLeft() * scale, QSize(cell.width() * scale, cell.height() * scale))));
+QImage SheetPixels(std::string_view name, int zoom) {
+    const auto* bytes = static_cast<const unsigned char*>(static_cast<const void*>(fb_pictures));
+    for (const SheetEntry* entry = fb_pictures; entry->name[0] != 0; ++entry) {
+        if (entry->name.data() == name && entry->zoom == static_cast<std::uint32_t>(zoom)) {
+            return {bytes + entry->offset, static_cast<int>(entry->width), static_cast<int>(entry->height),
+                    QImage::Format_ARGB32_Premultiplied};
+        }
     }
+    return {};
 }
+
+// The toolkit finds out by itself whether a picture is opaque. One that is gets copied to the screen, others must be
+// blended: an order of magnitude for the map's hundreds of cells.
+Picture::Picture(QImage image, int number)
+    : pixmap_(std::make_shared<const QPixmap>(QPixmap::fromImage(std::move(image)))), number_(number) {}
+
+ImageList::ImageList(std::string_view name, int count, int width, int height)
+    : sheet_(std::make_unique<const QImage>(SheetOfScreen(name))),
+      width_(width),
+      height_(height),
+      pictures_(static_cast<std::size_t>(count)) {}
+
+ImageList::~ImageList() = default;
 
 const Picture& ImageList::operator[](int index) const {
     if (index < 1 || index > static_cast<int>(pictures_.size())) {
         throw Fault(FaultNumber::SubscriptOutOfRange);
     }
-    return pictures_[static_cast<std::size_t>(index) - 1];
+    Picture& picture = pictures_[static_cast<std::size_t>(index) - 1];
+    if (picture.Pixmap() == nullptr) {
+        picture = Picture(CutOut(index - 1), index);
+    }
+    return picture;
+}
+
+/// The picture stays where it is in the sheet.
+QImage ImageList::CutOut(int cell) const {
+    const int zoom = static_cast<int>(sheet_->devicePixelRatio());
+    const int x = cell % SheetColumns * width_ * zoom;
+    const int y = cell / SheetColumns * height_ * zoom;
+    QImage picture(sheet_->constScanLine(y) + x * sheet_->depth() / 8, width_ * zoom, height_ * zoom,
+                   sheet_->bytesPerLine(), sheet_->format());
+    picture.setDevicePixelRatio(zoom);
+    return picture;
 }
 
 const ImageList& BlockImgList() {
@@ -86,16 +101,23 @@ const ImageList& WTBImages() {
     return list;
 }
 
-Picture FixedPicture(std::string_view name) { return Picture(LoadSheet(name)); }
+Picture FixedPicture(std::string_view name) { return Picture(SheetOfScreen(name)); }
 
-Picture PictureFromFile(const std::string& path) {
-    const QString file = ShownText(path);
-    if (!QFileInfo::exists(file)) {
-        throw Fault(FaultNumber::FileNotFound);
-    }
-    const QImage image(file);
+Picture PictureFromFile(const std::string& path, int width, int height) {
+    const int file = FreeFileNumber();
+    const FileCloser closer(file);
+    OpenForInput(file, path);
+    const std::string bytes = ReadBytes(file);
+    QByteArray data = QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader::setAllocationLimit(LargestPicture);
+    QImageReader reader(&buffer);
+    const qreal ratio = qGuiApp->devicePixelRatio();
+    reader.setScaledSize((QSizeF(width, height) * ratio).toSize());
+    QImage image = reader.read();
     if (image.isNull()) {
         throw Fault(FaultNumber::InvalidPicture);
     }
-    return Picture(image);
+    image.setDevicePixelRatio(ratio);
+    return Picture(std::move(image));
 }

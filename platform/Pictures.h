@@ -13,28 +13,41 @@ class QPixmap;
 class Picture {
 public:
     Picture() = default;
-    explicit Picture(const QImage& image);
+    explicit Picture(QImage image, int number = 0);
 
     [[nodiscard]] const QPixmap* Pixmap() const { return pixmap_.get(); }
+
+    /// Its number in its list, from 1; 0 for one of no list.
+    [[nodiscard]] int Number() const { return number_; }
 
     /// The same picture, not merely an equal one.
     bool operator==(const Picture&) const = default;
 
 private:
     std::shared_ptr<const QPixmap> pixmap_;
+    int number_ = 0;
 };
 
-/// A list of equally large pictures, cut from one of the sheets that the program carries, numbered from 1.
+/// A list of equally large pictures, cut from one of the sheets that the program carries, numbered from 1. A picture
+/// is made when it is first asked for.
 class ImageList {
 public:
     /// Takes the sheet `name`: `count` pictures of `width` by `height` pixels, up to 16 in a row.
     ImageList(std::string_view name, int count, int width, int height);
+    ImageList(const ImageList&) = delete;
+    ImageList& operator=(const ImageList&) = delete;
+    ~ImageList();
 
     /// Picture `index`, from 1. Fault 9 outside the list.
     [[nodiscard]] const Picture& operator[](int index) const;
 
 private:
-    std::vector<Picture> pictures_;
+    [[nodiscard]] QImage CutOut(int cell) const;
+
+    std::unique_ptr<const QImage> sheet_;
+    int width_;
+    int height_;
+    mutable std::vector<Picture> pictures_;
 };
 
 // The lists and the fixed pictures of the program. Each is loaded when it is first asked for.
@@ -47,5 +60,10 @@ const ImageList& WTBImages();     ///< 6 of 24 by 23, the buttons of WorldFrm's 
 /// A sheet that holds a single picture, such as "NukImage".
 [[nodiscard]] Picture FixedPicture(std::string_view name);
 
-/// The picture in the file at `path`. Fault 53 if there is none, 481 if the toolkit cannot read it.
-[[nodiscard]] Picture PictureFromFile(const std::string& path);
+/// The pixels of a sheet at `zoom` 1 or 2, which stay in the program's read-only data; a null picture if there is no
+/// such sheet.
+[[nodiscard]] QImage SheetPixels(std::string_view name, int zoom);
+
+/// The picture in the file at `path`, at the size of `width` by `height` pixels at which it is shown. Fault 53 if there
+/// is none, 481 if the toolkit cannot read it, and those of OpenForInput.
+[[nodiscard]] Picture PictureFromFile(const std::string& path, int width, int height);

@@ -12,14 +12,10 @@
 #include "platform/TextCoding.h"
 
 Screen::Screen() = default;
-Screen::~Screen() {
-    if (loaded_) {
-        ScreenClosed(*this);
-    }
-}
+Screen::~Screen() { ScreenClosed(*this); }
 
 void Screen::Create(const std::string& name, const std::string& title, int width, int height) {
-    window_ = std::make_unique<Surface>([this] { Close(); });
+    window_ = std::make_unique<Surface>([this] { Close(); }, [this] { ScreenCameToFront(*this); });
     window_->setObjectName(ShownText(name));
     window_->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                             Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
@@ -36,6 +32,7 @@ void Screen::Show() {
     if (loaded_) {
         window_->show();
         window_->activateWindow();
+        ScreenCameToFront(*this);
     }
     shown_ = true;
 }
@@ -86,8 +83,8 @@ void Screen::Restore(Int16 left, Int16 top, bool centreAtZero) {
     }
 }
 
-void Screen::SetDefaultPointer() { window_->unsetCursor(); }
+void Screen::SetDefaultPointer() { window_->UnsetPointer(); }
 
-void Screen::SetHourglass() { window_->setCursor(Qt::WaitCursor); }
+void Screen::SetHourglass() { window_->SetPointer(Qt::WaitCursor); }
 
-void Screen::SetPointer(const Picture& picture) { window_->setCursor(QCursor(*picture.Pixmap(), 1, 1)); }
+void Screen::SetPointer(const Picture& picture) { window_->SetPointer(QCursor(*picture.Pixmap(), 1, 1)); }

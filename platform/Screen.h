@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "platform/Container.h"
-#include "platform/Fault.h"
 #include "platform/Int16.h"
 #include "platform/Pictures.h"
 
@@ -87,7 +86,7 @@ private:
 template <typename Form>
 class ScreenHolder {
 public:
-    /// The instance, loaded if it was not yet.
+    /// The instance, loaded if it was not yet. What leaves `Form::Load` leaves no half-made instance behind.
     Form& Load() {
         if (form_ == nullptr) {
             form_ = std::make_shared<Form>();
@@ -95,8 +94,10 @@ public:
             loading->Window.SetRetire([this] { return std::shared_ptr<void>(std::move(form_)); });
             try {
                 loading->Load();
-            } catch (const Fault&) {
-                form_.reset();  // what is half made is of no use to anybody
+            } catch (...) {
+                if (form_ == loading) {  // otherwise it has been closed meanwhile, and another one may have been made
+                    form_.reset();
+                }
                 throw;
             }
             return *loading;

@@ -3,27 +3,23 @@
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QTextBlock>
+#include <algorithm>
 #include <array>
 #include <bitset>
 
-#include "platform/Events.h"
+#include "platform/EventQueue.h"
 #include "platform/TextCoding.h"
 
 namespace {
 
-/// What the toolkit's box shows as nothing or takes for a line break, with the symbols that people know for it.
-constexpr std::array<Substitute, 7> Preferred{{
-    {u'\0', u'\u2400'},
-    {u'\n', u'\u240A'},
-    {u'\r', u'\u240D'},
-    {u'\u2028', u'\u2424'},
-    {u'\u2029', u'\u00B6'},
-    {u'\uFDD0', u'\uFFFD'},
-    {u'\uFDD1', u'\uFFFD'},
-}};
+/// The toolkit's box takes these two for breaks of its own.
+constexpr std::array<char16_t, 2> BoxBreaks{u'\uFDD0', u'\uFDD1'};
 
-/// Where a symbol is taken from when the text itself has the preferred one: the characters for private use.
-constexpr char16_t FirstPrivate = u'\uE000';
+constexpr char16_t Replacement = u'\uFFFD';
+
+/// Where symbols come from when the text itself has the preferred one, or more than one character needs it: the arrows,
+/// which stand before the other signs of the font.
+constexpr char16_t FirstOtherSymbol = u'\u2190';
 
 constexpr int TabStop = 8;  // average characters
 
@@ -32,7 +28,15 @@ const QString& LineBreak() {
     return lineBreak;
 }
 
-/// For each character of Preferred that is in `lines`, a symbol that is not.
+/// The symbol for what the box would show as nothing, as a broken sign or as a line break; 0 for all that it can hold.
+char16_t PreferredSymbol(char16_t character) {
+    if (character == u'\t' || character == QChar::ObjectReplacementCharacter) {
+        return u'\0';
+    }
+    return std::ranges::count(BoxBreaks, character) > 0 ? Replacement : SymbolOf(character);
+}
+
+/// For each character in `lines` that needs one, a symbol that is not in them.
 std::vector<Substitute> SubstitutesFor(const QStringList& lines) {
     std::bitset<0x10000> taken;
     for (const QString& line : lines) {
@@ -40,12 +44,15 @@ std::vector<Substitute> SubstitutesFor(const QStringList& lines) {
             taken.set(character.unicode());
         }
     }
+    const std::bitset<0x10000> inText = taken;
     std::vector<Substitute> substitutes;
-    for (auto [character, symbol] : Preferred) {
-        if (!taken.test(character)) {
+    for (unsigned code = 0; code < inText.size(); ++code) {
+        const auto character = static_cast<char16_t>(code);
+        char16_t symbol = PreferredSymbol(character);
+        if (!inText.test(code) || symbol == 0) {
             continue;
         }
-        for (char16_t other = FirstPrivate; taken.test(symbol); ++other) {
+        for (char16_t other = FirstOtherSymbol; taken.test(symbol); ++other) {
             symbol = other;
         }
         taken.set(symbol);
@@ -60,29 +67,24 @@ void TextArea::Create(Container& container, const std::string& name, Place place
     edit_ = new QPlainTextEdit(container.ContainerWidget());
     edit_->setTabChangesFocus(true);
     edit_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    if (lines == Lines::Unbroken) {
-        edit_->setLineWrapMode(QPlainTextEdit::NoWrap);
-        QFont font;
-        font.setFamilies({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Consolas")});
-        font.setPixelSize(edit_->font().pixelSize());
-        edit_->setFont(font);
-    }
+    edit_->setLineWrapMode(lines == Lines::Wrapped ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Consolas")});
+    font.setPixelSize(edit_->font().pixelSize());
+    edit_->setFont(font);
     edit_->setTabStopDistance(TabStop * edit_->fontMetrics().averageCharWidth());
-    QObject::connect(edit_, &QPlainTextEdit::textChanged, edit_, [this] {
-        if (Change) {
-            RunHandler(Change);
-        }
-    });
+    QObject::connect(edit_, &QPlainTextEdit::textChanged, edit_, [this] { Raise(*edit_, Change); });
     Adopt(edit_, name, place);
 }
 
 void TextArea::SetText(const std::string& text) {
-    if (Text() == text) {
+    const bool changes = Text() != text;
+    utf8_ = EncodingOf(text) == TextEncoding::Utf8;
+    if (!changes) {
         return;
     }
     {
         const QSignalBlocker quiet(edit_);
-        utf8_ = EncodingOf(text) == TextEncoding::Utf8;
         QStringList lines = ShownText(text).split(LineBreak());
         substitutes_ = SubstitutesFor(lines);
         for (const auto [character, symbol] : substitutes_) {

@@ -14,14 +14,14 @@ struct Substitute {
     char16_t symbol;
 };
 
-/// A box for a text of many lines, with scroll bars. CR LF breaks lines. A lone LF or CR and the few other
-/// characters that the box cannot hold are shown by symbols that the text does not have, so that all that was
-/// put in comes out again. Writes back in the encoding that it was filled with.
+/// A box for a text of many lines in letters of one width, with scroll bars. CR LF breaks lines. A lone LF or CR, other
+/// control characters and the few that the box cannot hold are shown by symbols that the text does not have, so that
+/// all that was put in comes out again. Writes back in the encoding that it was filled with, as a TextBox does.
 class TextArea : public Control {
 public:
     enum class Lines {
         Wrapped,  ///< for prose: a long line goes on in the next row
-        Unbroken  ///< for the texts of files, in letters of one width
+        Unbroken  ///< for the texts of files
     };
 
     std::function<void()> Change;  ///< at every change of the text

@@ -4,6 +4,7 @@
 #include <QTextDocument>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -29,6 +30,7 @@ QString FromWindows1252(const std::string& bytes) {
     return text;
 }
 
+/// With "?" for a character that there is none for.
 char Windows1252Byte(QChar character) {
     const char16_t code = character.unicode();
     if (code < FirstExtra || (code >= FirstBehindExtras && code <= 0xFF)) {
@@ -37,6 +39,21 @@ char Windows1252Byte(QChar character) {
     const auto* extra = std::find(Windows1252Extras.begin(), Windows1252Extras.end(), code);
     return extra == Windows1252Extras.end() ? '?' : static_cast<char>(FirstExtra + (extra - Windows1252Extras.begin()));
 }
+
+constexpr char16_t FirstPrintable = 0x20;
+constexpr char16_t DeleteCode = 0x7F;
+constexpr char16_t AnyControl = u'\u25CA';  // a lozenge
+
+/// Those that people come across.
+constexpr std::array<std::pair<char16_t, char16_t>, 7> Symbols{{
+    {u'\0', u'\u25CB'},      // a circle
+    {u'\t', u'\u2192'},      // an arrow to the right
+    {u'\n', u'\u2193'},      // an arrow down
+    {u'\r', u'\u2190'},      // an arrow to the left
+    {u'\u2028', u'\u21B2'},  // an arrow down and to the left
+    {u'\u2029', u'\u00B6'},
+    {u'\uFFFC', u'\uFFFD'},
+}};
 
 }  // namespace
 
@@ -55,11 +72,32 @@ QString ShownToolTip(const std::string& bytes) {
     return Qt::mightBeRichText(text) ? text.toHtmlEscaped().prepend(QStringLiteral("<qt>")) : text;
 }
 
-std::string TextBytes(const QString& text, TextEncoding encoding) {
-    if (encoding == TextEncoding::Utf8) {
-        return text.toStdString();
+std::string TextBytes(const QString& text, TextEncoding wanted) {
+    if (wanted == TextEncoding::Windows1252) {
+        std::string bytes(static_cast<std::size_t>(text.size()), '\0');
+        std::transform(text.begin(), text.end(), bytes.begin(), Windows1252Byte);
+        if (ShownText(bytes) == text) {
+            return bytes;
+        }
     }
-    std::string bytes(static_cast<std::size_t>(text.size()), '\0');
-    std::transform(text.begin(), text.end(), bytes.begin(), Windows1252Byte);
-    return bytes;
+    return text.toStdString();
+}
+
+char16_t SymbolOf(char16_t character) {
+    for (const auto& [known, symbol] : Symbols) {
+        if (known == character) {
+            return symbol;
+        }
+    }
+    const bool control = character < FirstPrintable || (character >= DeleteCode && character < FirstBehindExtras);
+    return control ? AnyControl : u'\0';
+}
+
+QString WithSymbols(QString text) {
+    for (QChar& character : text) {
+        if (const char16_t symbol = SymbolOf(character.unicode()); symbol != 0) {
+            character = QChar(symbol);
+        }
+    }
+    return text;
 }

@@ -22,6 +22,7 @@ void BackGndFrm::MakeControls() {
     DummyCmd.Create(Window, "DummyCmd", {12, Height + 40, 80, 24}, "DummyCmd");
     ImageFiles.Create(Window, "ImageFiles", {12, 12, 196, Height - 24});
     ImageFiles.SetAccessibleName("Background pictures");
+    DummyCmd.HoldFocusFor({&ImageFiles});
     ImageFiles.Click = [this](const std::string& name) { ImageFiles_Click(name); };
     PreviewImg.Create(Window, "PreviewImg", Preview);
     PreviewImg.SetStretch(true);
@@ -45,7 +46,8 @@ void BackGndFrm::Load() {
 void BackGndFrm::ImageFiles_Click(const std::string& name) {
     ChosenBackground = name;
     const std::string path = JoinPath(BackgroundFolder, name);
-    PreviewImg.SetPicture(EndsInPng(path) ? PNGImage.Shown() : PictureFromFile(path));
+    PreviewImg.SetPicture(EndsInPng(path) ? PNGImage.Shown()
+                                          : PictureFromFile(path, PreviewImg.Width(), PreviewImg.Height()));
 }
 
 /// Without a click before, the level loses its background.

@@ -4,7 +4,6 @@
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
-#include "level/LevelWriter.h"
 #include "platform/Files.h"
 
 std::string HelpText;
@@ -13,7 +12,7 @@ void HelpFrm::Load() {
     MakeControls();
     Updating = true;
     RestorePosition(Window, ScreenIndex::HelpFrm, false);
-    HelpFileName = JoinPath(ProgramFolder(), "FB_Editor.Help");
+    HelpFileName = JoinPath(ProgramFolder, "FB_Editor.Help");
     if (HelpText.empty()) {
         LoadHelpText();
     }

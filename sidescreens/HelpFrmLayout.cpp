@@ -8,6 +8,7 @@ void HelpFrm::MakeControls() {
     DummyCmd.Create(Window, "DummyCmd", {-200, -200, 80, 24}, "DummyCmd");
     HelpBox.Create(Window, "HelpBox", {10, 10, 620, 444}, TextArea::Lines::Wrapped);
     HelpBox.SetAccessibleName("Help text");
+    DummyCmd.HoldFocusFor({&HelpBox});
     HelpBox.Change = [this] { HelpBox_Change(); };
     SaveHelpCmd.Create(Window, "SaveHelpCmd", {10, 464, 130, 26}, "Save Help File");
     SaveHelpCmd.Click = [this] { SaveHelpCmd_Click(); };

@@ -11,8 +11,8 @@ namespace {
 bool IsFilled(const TextBox& box, const char* what) {
     const bool filled = !IsBlank(box.Text());
     if (!filled) {
-        MessageBox(std::string(what) + " has not been entered!", "INFO Create Error", MessageButtons::Ok,
-                   MessageIcon::Warning);
+        ShowMessage(std::string(what) + " has not been entered!", "INFO Create Error", MessageButtons::Ok,
+                    MessageIcon::Warning);
     }
     return filled;
 }

@@ -1,6 +1,7 @@
 #include "sidescreens/NukTextFrm.h"
 
 #include "core/General.h"
+#include "core/LineEnds.h"
 #include "core/ScreenPositions.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"

@@ -41,7 +41,7 @@ constexpr VarsFrm::FieldBox FieldBoxes[] = {
 
 std::string ShownValue(const std::string& field) { return field; }
 std::string ShownValue(Int16 field) { return std::to_string(field); }
-std::string ShownValue(double field) { return DoubleToText(field); }
+std::string ShownValue(double field) { return DoubleToPlainText(field); }  // as it is taken back
 
 void Store(const std::string& text, std::string& field) { field = text; }
 void Store(const std::string& text, Int16& field) { field = TextToInt16(text); }

@@ -55,7 +55,7 @@ struct TextBoxLayout {
     const char* toolTip = "";
 };
 
-constexpr TextBoxLayout TextBoxes[] = {
+constexpr TextBoxLayout UpperBoxes[] = {
     {&VarsFrm::CommentBox, "CommentBox", "Comment above the level", LeftPlace(1, FullWidth)},
     {&VarsFrm::VersionBox, "VersionBox", "Version", LeftPlace(2, NumberWidth)},
     {&VarsFrm::AuthorBox, "AuthorBox", "Author", RightPlace(2, RightWidth)},
@@ -66,6 +66,9 @@ constexpr TextBoxLayout TextBoxes[] = {
      "Must be 15, Floebird V1.2 only supports height of 15."},
     {&VarsFrm::StartXBox, "StartXBox", "Start Pos X", LeftPlace(5, NumberWidth), "Nuk's Column Starting Position"},
     {&VarsFrm::StartYBox, "StartYBox", "Start Pos Y", RightPlace(5, NumberWidth), "Nuk's Row Starting Position"},
+};
+
+constexpr TextBoxLayout LowerBoxes[] = {
     {&VarsFrm::BkgRedTopBox, "BkgRedTopBox", "Red Top", ColourPlace(8, 0)},
     {&VarsFrm::BkgGrnTopBox, "BkgGrnTopBox", "Green Top", ColourPlace(8, 1)},
     {&VarsFrm::BkgBluTopBox, "BkgBluTopBox", "Blue Top", ColourPlace(8, 2)},
@@ -103,11 +106,14 @@ void MakeClickLabel(VarsFrm& form, Label& label, const char* name, Place place, 
     label.Click = [&form, click] { (form.*click)(); };
 }
 
-void MakeClickLabels(VarsFrm& form) {
+void MakeFileLabels(VarsFrm& form) {
     MakeClickLabel(form, form.BackgroundBox, "BackgroundBox", LeftPlace(6, HalfWidth),
                    "Click to change Background Image", &VarsFrm::ChooseBackground);
     MakeClickLabel(form, form.MusicBox, "MusicBox", RightPlace(6, RightWidth), "Click to change the Music",
                    &VarsFrm::ChooseMusic);
+}
+
+void MakeRings(VarsFrm& form) {
     MakeClickLabel(form, form.ParticleBox, "ParticleBox", LeftPlace(12, HalfWidth), "Click to toggle Particle type",
                    &VarsFrm::ParticleBox_Click);
     MakeClickLabel(form, form.ThemeBox, "ThemeBox", RightPlace(12, RightWidth), "Click to toggle Theme type",
@@ -161,11 +167,15 @@ void VarsFrm::MakeControls() {
     Window.Unload = [this] { Unload(); };
     MakeFixedLabels(*this);
     MakeReadOnly(*this, FileNameBox, "FileNameBox", 0, "Current loaded level's path/filename");
-    for (const TextBoxLayout& entry : TextBoxes) {
+    for (const TextBoxLayout& entry : UpperBoxes) {
         MakeTextBox(*this, entry);
     }
     MakeSizeHandlers(*this);
-    MakeClickLabels(*this);
+    MakeFileLabels(*this);
+    for (const TextBoxLayout& entry : LowerBoxes) {
+        MakeTextBox(*this, entry);
+    }
+    MakeRings(*this);
     BackScrollCheck.Create(Window, "BackScrollCheck", LeftPlace(13, FullWidth), "Enable Back Scrolling");
     BackScrollCheck.SetToolTip("Allow Nuk to go backwards in game play");
     BackScrollCheck.Click = [this] { BackScrollCheck_Click(); };

@@ -52,6 +52,7 @@ void zBGEditFrm::MakeControls() {
     Window.Create("zBGEditFrm", "BadGuy Properties", 412, 190);
     Window.Unload = [this] { Unload(); };
     DummyCmd.Create(Window, "DummyCmd", {-200, -200, 80, 24}, "DummyCmd");
+    DummyCmd.HoldFocusFor({});
     zBGImg.Create(Window, "zBGImg", {16, 16, 64, 64});
     zBGImg.SetPicture(FixedPicture("zBGImg"));
     MakeFacts(*this);

@@ -1,9 +1,14 @@
 #include "platform/Controls.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 
+#include "core/General.h"
 #include "platform/Events.h"
 #include "platform/Screen.h"
 #include "platform/TextArea.h"
@@ -21,6 +26,7 @@ struct ProbeFrm {
     Screen Window;
     Frame Group;
     TextBox Box;
+    TextBox Number;
     TextArea Area;
     CheckBox Check;
     std::array<OptionButton, 2> Option;
@@ -52,6 +58,8 @@ struct ProbeFrm {
         }
         Box.Create(Window, "Box", {10, 120, 100, 20});
         Box.Change = [this] { events.push_back("Box " + Box.Text()); };
+        Number.Create(Window, "Number", {10, 220, 100, 20});
+        Number.KeyPress = [](int KeyAscii) { return PassesNumberBox(KeyAscii, [] {}); };
         Area.Create(Window, "Area", {120, 120, 200, 100}, TextArea::Lines::Wrapped);
         Area.Change = [this] { events.emplace_back("Area"); };
         Check.Create(Window, "Check", {10, 150, 100, 20}, "Check");
@@ -163,9 +171,20 @@ TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     ClickOn(Name, "Cell(0)");
     ClickOn(Name, "Check");
     TypeInto(Name, "Box", "x");
+    QInputMethodEvent committed;
+    committed.setCommitString(QStringLiteral("x"));
+    QCoreApplication::sendEvent(&ControlOf<QWidget>(Name, "Box"), &committed);
+    for (const char* pressed : {"Check", "Option(1)"}) {
+        QAccessible::queryAccessibleInterface(&ControlOf<QWidget>(Name, pressed))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+    }
+    QAccessible::queryAccessibleInterface(&ControlOf<QWidget>(Name, "Bar"))->valueInterface()->setCurrentValue(5);
+    ControlOf<QLineEdit>(Name, "Box").setText(QStringLiteral("x"));
     CloseScreen(Name);
     EXPECT_EQ(Events(), Texts());
-    EXPECT_EQ(StateOf(Name, "Check"), "off") << "it looks as before";
+    EXPECT_EQ(StatesOf(Name, {"Check", "Option(1)", "Bar", "Box"}), (Texts{"off", "off", "0 of 20", ""}))
+        << "it looks as before";
     form->Window.SetEnabled(true);
     ClickOn(Name, "Check");
     EXPECT_EQ(Events(), Texts{"Check 1"});
@@ -189,7 +208,7 @@ TEST_F(ControlsTest, ClosingRaisesUnloadOnceAndKeepsTheFormWhileItRuns) {
     holder.Load().Window.Show();
 }
 
-TEST_F(ControlsTest, YieldsEndTheProcessWithItsLastScreenAndShowOneThatIsLongInLoading) {
+TEST_F(ControlsTest, AScreenThatIsLongInLoadingShowsItself) {
     Screen slow;
     slow.Create("Slow", "Slow", 100, 100);
     EXPECT_FALSE(slow.Window().isVisible());
@@ -197,11 +216,6 @@ TEST_F(ControlsTest, YieldsEndTheProcessWithItsLastScreenAndShowOneThatIsLongInL
         YieldToEventQueue();
     }
     slow.Close();
-    dialogs.endThrows = true;
-    QMetaObject::invokeMethod(
-        qApp, [&] { form->Window.Close(); }, Qt::QueuedConnection);
-    EXPECT_THROW(
-        for (;;) { YieldToEventQueue(); }, ProcessEnded);
 }
 
 TEST_F(ControlsTest, TextsKeepTheirBytes) {
@@ -220,7 +234,7 @@ TEST_F(ControlsTest, TextsKeepTheirBytes) {
     for (const std::string& bytes :
          {""s, "one\r\n\r\ntwo\r\n"s, "lone LF\nlone CR\rNUL\0end\r\n"s, "\r\r\n\n\r\n\n"s, allBytes,
           "caf\u00E9, a no-break\u00A0blank, \U0001F427, \uFFFC"s, "breaks \u2028 \u2029 \uFDD0 \uFDD1 \u0085"s,
-          "symbols that were there \u240A\u240D\u2400\u00B6\uE000 beside \n \r \0 \u2029"s, "\u240A\u240D\u2424\uFFFD"s,
+          "symbols that were there \u2193\u2190\u25CB\u00B6 beside \n \r \0 \u2029"s, "\u2193\u2190\u21B2\uFFFD"s,
           "\xEF\xBB\xBF a byte order mark"s}) {
         form->Area.SetText(bytes);
         EXPECT_EQ(form->Area.Text(), bytes);
@@ -228,13 +242,103 @@ TEST_F(ControlsTest, TextsKeepTheirBytes) {
         PressKey(Name, "Area", Qt::Key_Backspace);
         EXPECT_EQ(form->Area.Text(), bytes);
     }
-    EXPECT_EQ(TextBytes(QStringLiteral("\u20AC\u0142"), TextEncoding::Windows1252), "\x80?");
+    // What Windows-1252 lacks, and what would show as UTF-8, turns the whole text into UTF-8.
+    form->Box.SetText("caf\xE9");
+    PressKey(Name, "Box", Qt::Key_End);
+    PasteInto(Name, "Box", "\u0141uk");
+    EXPECT_EQ(form->Box.Text(), "caf\u00E9\u0141uk");
+    form->Box.SetText("\xE9");
+    ControlOf<QLineEdit>(Name, "Box").selectAll();
+    PasteInto(Name, "Box", "\u00C3\u00A9");
+    EXPECT_EQ(form->Box.Text(), "\u00C3\u00A9");
+    // A box that was emptied has no encoding of its own any more.
+    form->Box.SetText("\xE9");
+    PressKey(Name, "Box", Qt::Key_Backspace);
+    form->Box.SetText("");
+    PasteInto(Name, "Box", "\u00E9");
+    EXPECT_EQ(form->Box.Text(), "\u00E9");
+}
+
+/// All ways into a box that a hand, an input method or a tool has, and what is left of "1234" with "23" selected. In
+/// the number box only digits come in, and nothing goes but by Backspace and Delete.
+TEST_F(ControlsTest, WhateverWayATextComesItKeepsTheRules) {
+    static const auto key = [](Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        return [=](QLineEdit& edit) { QTest::keyClick(&edit, code, modifiers); };
+    };
+    static const auto paste = [](const char* text) {
+        return [=](QLineEdit& edit) {
+            QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
+            QTest::keyClick(&edit, Qt::Key_Insert, Qt::ShiftModifier);
+        };
+    };
+    static const auto commit = [](const char* text) {
+        return [=](QLineEdit& edit) {
+            QInputMethodEvent event;
+            event.setCommitString(QString::fromUtf8(text));
+            QCoreApplication::sendEvent(&edit, &event);
+        };
+    };
+    static const auto drop = [](const char* text) {
+        return [=](QLineEdit& edit) {
+            QMimeData data;
+            data.setText(QString::fromUtf8(text));
+            QDropEvent event(edit.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDragEnterEvent enter(edit.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&edit, &enter);
+            QCoreApplication::sendEvent(&edit, &event);
+        };
+    };
+    const struct {
+        const char* way;
+        std::function<void(QLineEdit&)> enter;
+        const char *box, *number;
+    } ways[] = {
+        {"digit", key(Qt::Key_2), "124", "124"},
+        {"letter", key(Qt::Key_X), "1x4", "1234"},
+        {"Backspace", key(Qt::Key_Backspace), "14", "14"},
+        {"Delete", key(Qt::Key_Delete), "14", "14"},
+        {"Ctrl+X", key(Qt::Key_X, Qt::ControlModifier), "14", "1234"},
+        {"Shift+Delete", key(Qt::Key_Delete, Qt::ShiftModifier), "14", "1234"},
+        {"Ctrl+Backspace", key(Qt::Key_Backspace, Qt::ControlModifier), "234", "1234"},
+        {"paste of digits", paste("1234567"), "112345674", "112345674"},
+        {"paste of the first", paste("2"), "124", "124"},
+        {"paste of letters", paste("12x"), "112x4", "1234"},
+        {"paste of nothing but a line end", paste("\n12"), "14", "1234"},
+        {"paste of lines", paste("77\r\n88"), "1774", "1774"},
+        {"paste of Arabic digits", paste("\u0663"), "1\u06634", "1234"},
+        {"committed digit", commit("9"), "194", "194"},
+        {"committed letter", commit("\u00E9"), "1\u00E94", "1234"},
+        {"committed lines", commit("9\n9"), "194", "194"},
+        {"drop of digits", drop("56"), "123456", "123456"},
+        {"drop of lines", drop("y\nz"), "1234y", "1234"},
+        {"a menu's Delete", [](QLineEdit& edit) { edit.del(); }, "14", "1234"},
+        {"a tool's clearing", [](QLineEdit& edit) { edit.clear(); }, "", "1234"},
+        {"a tool's text", [](QLineEdit& edit) { edit.setText(QStringLiteral("-\n-")); }, "-", "1234"},
+    };
+    for (const auto& way : ways) {
+        for (const char* name : {"Box", "Number"}) {
+            SCOPED_TRACE(std::string(way.way) + " in " + name);
+            TextBox& box = name == std::string("Box") ? form->Box : form->Number;
+            box.SetText("");
+            box.SetText("1234");
+            auto& edit = ControlOf<QLineEdit>(Name, name);
+            edit.setSelection(1, 2);
+            way.enter(edit);
+            EXPECT_EQ(box.Text(), &box == &form->Box ? way.box : way.number);
+        }
+    }
+}
+
+TEST_F(ControlsTest, ARefreshKeepsTheCaretOfTheBoxThatIsTypedIn) {
+    form->Box.Change = [this] { form->Box.SetText(std::to_string(std::stoi("0" + form->Box.Text()))); };
+    TypeInto(Name, "Box", "0305");
+    EXPECT_EQ(form->Box.Text(), "305");
 }
 
 TEST_F(ControlsTest, AreasShowCrLfAsABreakAndOtherEndsAsSymbols) {
     using namespace std::string_literals;
     form->Area.SetText("a\r\nb\nc\rd\0e"s);
-    EXPECT_EQ(StateOf(Name, "Area"), "a\nb\u240Ac\u240Dd\u2400e");
+    EXPECT_EQ(StateOf(Name, "Area"), "a\nb\u2193c\u2190d\u25CBe");
     PressKey(Name, "Area", Qt::Key_Return);
     QTest::keyClick(&ControlOf<QWidget>(Name, "Area"), Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(form->Area.Text(), "\r\n\r\na\r\nb\nc\rd\0e"s);

@@ -1,3 +1,4 @@
+#include "core/LineEnds.h"
 #include "level/InfoFile.h"
 #include "level/LevelReader.h"
 #include "level/LevelWriter.h"

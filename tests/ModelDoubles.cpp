@@ -13,7 +13,9 @@ void LookAtEventQueue() {
     }
 }
 
+void GiveUpAfterLastScreen() {}
 void WaitForEvent() { LookAtEventQueue(); }
+void WaitForClosing() { throw GivenUp(); }
 
 void LoadMainFrm() {}
 void ShowMainFrm() {}

@@ -2,12 +2,11 @@
 #include <algorithm>
 #include <sstream>
 
+#include "platform/Pictures.h"
 #include "tests/Support.h"
 
 // The embedded picture lists: their sizes, that each picture can be told from all others of its list, and that pictures
 // which are laid side by side meet along their common edge.
-
-static void LoadPictures() { Q_INIT_RESOURCE(pictures); }  // stands in no namespace, as the toolkit wants it
 
 namespace {
 
@@ -24,20 +23,12 @@ constexpr Sheet Sheets[] = {{"BlockImgList", 204, 32, 32}, {"WorldImages", 76, 3
                             {"TBImages", 10, 24, 23},      {"WTBImages", 6, 24, 23},    {"NukIcon", 1, 44, 44},
                             {"NukImage", 1, 42, 65},       {"ResetImg", 1, 32, 32},     {"NukImg", 1, 32, 32},
                             {"BlankImg", 1, 32, 32},       {"ObjIndImg", 1, 16, 16},    {"BGIndImg", 1, 16, 16},
-                            {"LinkIndImg", 1, 16, 16},     {"zBGImg", 1, 64, 64},       {"PreviewImg", 1, 160, 120},
+                            {"LinkIndImg", 1, 16, 16},     {"zBGImg", 1, 64, 64},       {"PreviewImg", 1, 324, 243},
                             {"PNGImage", 1, 640, 480},     {"ProgramIcon", 1, 64, 64}};
-
-/// The sheet as it comes at that zoom, 1 or 2.
-QImage Load(const Sheet& sheet, int zoom) {
-    LoadPictures();
-    const QString suffix = zoom == 1 ? "" : "@2x";
-    return QImage(":/pictures/" + QString(sheet.name) + suffix + ".png")
-        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-}
 
 /// The pictures of a list; element 0 is picture 1.
 std::vector<QImage> CutUp(const Sheet& sheet, int zoom) {
-    const QImage whole = Load(sheet, zoom);
+    const QImage whole = SheetPixels(sheet.name, zoom);
     const QSize size = QSize(sheet.width, sheet.height) * zoom;
     std::vector<QImage> pictures;
     pictures.reserve(static_cast<std::size_t>(sheet.count));
@@ -125,7 +116,7 @@ TEST(PicturesTest, SheetsHoldPicturesThatDiffer) {
         const QSize cells(std::min(sheet.count, Columns), (sheet.count + Columns - 1) / Columns);
         for (const int zoom : {1, 2}) {
             const QSize size(cells.width() * sheet.width, cells.height() * sheet.height);
-            EXPECT_EQ(Load(sheet, zoom).size(), size * zoom) << sheet.name << " at " << zoom << "x";
+            EXPECT_EQ(SheetPixels(sheet.name, zoom).size(), size * zoom) << sheet.name << " at " << zoom << "x";
         }
         std::vector<QImage> pictures = CutUp(sheet, 1);
         pictures.insert(pictures.begin(), pictures[0]);

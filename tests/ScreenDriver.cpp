@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -209,6 +210,11 @@ void Type(const std::string& screen, const std::string& name, const std::string&
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text) {
     ControlOf<QLineEdit>(screen, name).selectAll();
     Type(screen, name, text);
+}
+
+void PasteInto(const std::string& screen, const std::string& name, const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    ControlOf<QLineEdit>(screen, name).paste();
 }
 
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key) {

@@ -79,6 +79,7 @@ std::string MoveOverCell(const std::string& screen, const std::string& cell, QPo
 
 /// Selects all of a text box and types `text` key by key.
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text);
+void PasteInto(const std::string& screen, const std::string& name, const std::string& text);
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key);
 
 /// Moves a scroll bar as a click on one of its arrows would.

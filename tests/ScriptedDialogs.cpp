@@ -25,7 +25,7 @@ std::string ChooseFile(const FileDialogSetup& setup) {
 
 }  // namespace
 
-Int16 MessageBox(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon) {
+Int16 ShowMessage(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon icon) {
     dialogs.messages.push_back({text, title, buttons, icon});
     return Next(dialogs.answers).value_or(AnswerOk);
 }
@@ -36,7 +36,10 @@ std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(set
 
 std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
-void EndWithFault(const Fault& fault) { dialogs.fatalFault = fault.Number(); }
+void EndWithFault(const Fault& fault, const std::string& advice) {
+    dialogs.fatalFault = fault.Number();
+    dialogs.advice = advice;
+}
 
 void EndProcess() {
     if (dialogs.endThrows) {

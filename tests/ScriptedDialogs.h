@@ -24,6 +24,7 @@ struct ScriptedDialogs {
     std::vector<FileDialogSetup> fileDialogs;  ///< all file dialogs shown
     std::deque<std::string> files;             ///< for the next file dialogs; cancelled when used up
     std::optional<FaultNumber> fatalFault;     ///< the fault that would have ended the process
+    std::string advice;                        ///< what its message would have added
     bool endThrows = false;                    ///< ProcessEnded, where the process would have ended without a fault
 };
 

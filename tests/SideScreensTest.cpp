@@ -27,16 +27,11 @@ protected:
     void SetUp() override {
         ScreenTest::SetUp();
         HelpText.clear();
-        std::filesystem::remove(HelpFile);
+        HelpFile = PathOf("FB_Editor.Help");
         OpenMain(120, 2);
         LevelPath = PathOf("level.fbl");
         AddBadGuy({4, "spiky", 65, 100, 1});
         UpdateDisplay();
-    }
-
-    void TearDown() override {
-        ScreenTest::TearDown();
-        std::filesystem::remove(HelpFile);
     }
 
     static void OpenBadGuy() { RightClickOn(Main, "BGImg(0)"); }
@@ -70,7 +65,7 @@ protected:
         ClickOn(Info, "CreateCmd");
     }
 
-    const std::string HelpFile = JoinPath(ProgramFolder(), "FB_Editor.Help");
+    std::string HelpFile;
 };
 
 TEST_F(SideScreensTest, EachOpensOverADeafMainFrmAndKeepsItsPlace) {
@@ -131,7 +126,7 @@ TEST_F(SideScreensTest, TheHelpIsReadOnceAndSaved) {
     Type(Help, "HelpBox", "more");
     CloseScreen(Help);
     OpenHelp();
-    EXPECT_EQ(StatesOf(Help, {"HelpBox", "SaveHelpCmd"}), (Texts{"one\u240Atwo\n\nthree\n", "hidden"}));
+    EXPECT_EQ(StatesOf(Help, {"HelpBox", "SaveHelpCmd"}), (Texts{"one\u2193two\n\nthree\n", "hidden"}));
 }
 
 TEST_F(SideScreensTest, TextScreenShowsWhatWouldBeWritten) {
@@ -166,6 +161,9 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
     picture.fill(QColor(200, 30, 30));
     picture.save(QString::fromStdString(PathOf("back.jpg")));
     picture.save(QString::fromStdString(PathOf("Back.bmp")));
+    std::string large = FileText(PathOf("Back.bmp")).substr(0, 54);
+    large.replace(18, 8, std::string("\x70\x17\0\0\x70\x17\0\0", 8));  // 6000 by 6000 pixels of 3 bytes, all black
+    std::filesystem::resize_file(Store("na\xEFve.bmp", large), 54 + 3 * 6000 * 6000);  // a name that is not UTF-8
     for (const char* name : {"BACK.PNG", "ocean.png", "xpng", ".hidden"}) {
         Store(name, "not read");
     }
@@ -180,7 +178,7 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
         for (int row = 0; row < list.count(); ++row) {
             names.push_back(list.item(row)->text().toStdString());
         }
-        EXPECT_EQ(names, (Texts{".hidden", "Back.bmp", "back.jpg", "BACK.PNG", "ocean.png", "xpng"}));
+        EXPECT_EQ(names, (Texts{".hidden", "Back.bmp", "back.jpg", "BACK.PNG", "naïve.bmp", "ocean.png", "xpng"}));
         list.setFocus(Qt::TabFocusReason);  // must not choose by itself
         const Picture fixed = CellOf(Picker, "PNGImage").Shown();
         EXPECT_TRUE(shown() != Picture() && shown() != fixed);
@@ -190,6 +188,9 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
             ClickFile(name);
             EXPECT_EQ(shown(), fixed) << name;
         }
+        ClickFile("na\xEFve.bmp");
+        EXPECT_LT(red(), 20);
+        EXPECT_EQ(shown().Pixmap()->size(), QSize(324, 243)) << "decoded at the size of the cell";
         ClickOn(Picker, "CancelCmd");
     });
     EXPECT_EQ(LevelRecord.background, "old.png");

@@ -1,26 +1,12 @@
 #include "core/StartUp.h"
 
-#include "core/General.h"
-#include "platform/Files.h"
 #include "tests/ModelTest.h"
 
-// The preferences, which lie beside the program; a test leaves none behind.
+// The preferences.
 
 namespace {
 
-class PreferencesTest : public ModelTest {
-protected:
-    void SetUp() override {
-        ModelTest::SetUp();
-        std::filesystem::remove(path);
-    }
-    void TearDown() override {
-        ModelTest::TearDown();
-        std::filesystem::remove(path);
-    }
-
-    const std::string path = JoinPath(WritableProgramFolder(), "FB_Editor.Preferences");
-};
+using PreferencesTest = ModelTest;
 
 std::string Word(int number) { return {static_cast<char>(number & 0xFF), static_cast<char>((number >> 8) & 0xFF)}; }
 
@@ -68,6 +54,7 @@ std::string FillRecord() {
 }
 
 TEST_F(PreferencesTest, FileHoldsTheFieldsInOrder) {
+    const std::string path = PathOf("FB_Editor.Preferences");
     const std::string bytes = FillRecord();
     const Preferences saved = PrefsRecord;
     SavePreferences();
@@ -82,13 +69,22 @@ TEST_F(PreferencesTest, FileHoldsTheFieldsInOrder) {
     EXPECT_EQ(FileText(path).substr(bytes.size() - 300), bytes.substr(bytes.size() - 300));
     LoadPreferences();
     EXPECT_EQ(PrefsRecord.InfoPath, "");
+    // A text beyond the two bytes of its length is an overflow, and leaves the file alone.
+    const std::string before = FileText(path);
+    PrefsRecord.InfoPath.assign(65536, 'i');
+    EXPECT_EQ(FaultOf(SavePreferences), FaultNumber::Overflow);
+    EXPECT_EQ(FileText(path), before);
+    PrefsRecord.InfoPath.pop_back();
+    SavePreferences();
+    LoadPreferences();
+    EXPECT_EQ(PrefsRecord.InfoPath, std::string(65535, 'i'));
 }
 
 TEST_F(PreferencesTest, ShortFileIsReadAsFarAsItGoes) {
     const std::string bytes = FillRecord();
     const Preferences whole = PrefsRecord;
     for (std::size_t length = 0; length < bytes.size() - 1; length += length < 4 ? 1 : 37) {
-        WriteFile(path, bytes.substr(0, length));
+        Store("FB_Editor.Preferences", bytes.substr(0, length));
         LoadPreferences();
         EXPECT_EQ(PrefsRecord.ScreenLeft[0], length >= 2 ? whole.ScreenLeft[0] : Int16(length == 1 ? 1000 % 256 : 0));
         EXPECT_EQ(PrefsRecord.WorldFavorites[76], 0);

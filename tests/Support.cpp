@@ -1,11 +1,13 @@
 #include "tests/Support.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 
+#include "core/LineEnds.h"
 #include "core/SharedState.h"
 #include "core/StartUp.h"
-#include "level/LevelWriter.h"
 #include "platform/Files.h"
 
 std::string FileText(const std::filesystem::path& path) {
@@ -56,13 +58,10 @@ void ResetState() {
 }
 
 void FreshTest::SetUp() {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    folder = std::filesystem::temp_directory_path() /
-             ("fb_editor_" + std::string(info->test_suite_name()) + "_" + info->name());
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+    folder = std::filesystem::temp_directory_path() / ("fb_editor_" + std::to_string(std::random_device{}()));
+    ASSERT_TRUE(std::filesystem::create_directory(folder));
     ResetState();
-    UserLevelsFolder = folder.string();
+    ProgramFolder = UserLevelsFolder = folder.string();
 }
 
 void FreshTest::TearDown() {

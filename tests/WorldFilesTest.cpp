@@ -84,6 +84,9 @@ TEST_F(WorldFilesTest, FailuresHaveNumbers) {
         EXPECT_EQ(WorldChanged, WorldLoaded == True ? False : True);
         EXPECT_EQ(WorldPath, PathOf("map.fbwm"));
     }
+    const std::string status = FileText("/proc/self/status");
+    const long mostKilobytes = std::stol(status.substr(status.find("VmHWM:") + 6));
+    EXPECT_LT(mostKilobytes, 1 << 20) << "cells that nothing was written to take no memory";
     EXPECT_EQ(FreeFileNumber(), FirstFileNumber + 1) << "files are closed before they are parsed, but not an empty one";
 }
 
@@ -138,6 +141,25 @@ TEST_F(WorldFilesTest, HeaderComment) {
         BuildWorldText();
         EXPECT_EQ(WorldRecord.comments[0], after);
         EXPECT_EQ(WorldOutput.substr(0, WorldOutput.find("\n(")), after);
+    }
+}
+
+TEST_F(WorldFilesTest, AFaultKeepsTheTextBefore) {
+    MakeWorld(1, 1);
+    BuildWorldText();
+    const std::string before = WorldOutput;
+    const struct {
+        int width;
+        int height;
+        FaultNumber fault;
+    } cases[] = {{1, -32768, FaultNumber::Overflow},
+                 {-32768, 1, FaultNumber::Overflow},
+                 {3, 1, FaultNumber::SubscriptOutOfRange}};
+    for (const auto& c : cases) {
+        WorldRecord.width = c.width;
+        WorldRecord.height = c.height;
+        EXPECT_EQ(FaultOf(BuildWorldText), c.fault) << c.width << " by " << c.height;
+        EXPECT_EQ(WorldOutput, before);
     }
 }
 

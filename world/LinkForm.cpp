@@ -50,6 +50,7 @@ void LinkForm::Load() {
     RestorePosition(Window, ScreenIndex::LinkForm, true);
     WorkingLink = WorldRecord.levels[CurrentLink];
     UpdateLinkDisplay();
+    FocusFirstField();
 }
 
 void LinkForm::UpdateLinkDisplay() {
@@ -86,6 +87,16 @@ void LinkForm::EnableFields() {
                 check->SetEnabled(use.actions);
             }
         }
+    }
+}
+
+/// Where its user will want to begin, by the type of the link.
+void LinkForm::FocusFirstField() {
+    switch (WorkingLink.type) {
+        case CommentLink: CommentBox.SetFocus(); break;
+        case LevelLink: NameBox.SetFocus(); break;
+        case NoLink: TypeBox.SetFocus(); break;
+        default: MessageBox.SetFocus(); break;
     }
 }
 

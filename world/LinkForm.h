@@ -50,6 +50,7 @@ struct LinkForm {
     void MakeControls();
     void UpdateLinkDisplay();
     void EnableFields();
+    void FocusFirstField();
     void Unload();
 
     [[nodiscard]] bool CordsBox_KeyPress(int KeyAscii);

@@ -102,12 +102,12 @@ void MakeActions(LinkForm& form) {
 }
 
 void MakeButtons(LinkForm& form) {
+    form.DelCmd.Create(form.Window, "DelCmd", {LabelLeft, 276, 130, 26}, "Delete This Link");
+    form.DelCmd.Click = [&form] { form.DelCmd_Click(); };
     form.OKCmd.Create(form.Window, "OKCmd", {322, 276, 90, 26}, "OK");
     form.OKCmd.Click = [&form] { form.OKCmd_Click(); };
     form.CancelCmd.Create(form.Window, "CancelCmd", {420, 276, 90, 26}, "Cancel");
     form.CancelCmd.Click = [&form] { form.CancelCmd_Click(); };
-    form.DelCmd.Create(form.Window, "DelCmd", {LabelLeft, 276, 130, 26}, "Delete This Link");
-    form.DelCmd.Click = [&form] { form.DelCmd_Click(); };
 }
 
 }  // namespace

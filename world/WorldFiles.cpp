@@ -57,8 +57,8 @@ void WorldFrm::ClearWorld() {
 }
 
 void WorldFrm::NewWorld() {
-    LastMsgResult = MessageBox("Do you wish to create a new world?", "Floebird New World Creation",
-                               MessageButtons::YesNo, MessageIcon::Question);
+    LastMsgResult = ShowMessage("Do you wish to create a new world?", "Floebird New World Creation",
+                                MessageButtons::YesNo, MessageIcon::Question);
     if (LastMsgResult != AnswerYes) {
         return;
     }
@@ -83,6 +83,7 @@ void WorldFrm::OpenWorldDialog() {
 void WorldFrm::SaveWorldAsDialog() {
     try {
         WorldPath = SaveFileDialog(WorldDialog());
+        FileNameBox.SetCaption(WorldPath);
         WriteWorldFile(WorldPath);
     } catch (const Fault&) {  // cancelled
     }

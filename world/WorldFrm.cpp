@@ -29,6 +29,7 @@ void WorldFrm::Load() {
     if (WorldCurrentTile != 0) {
         ShowCurrentTile();
     }
+    DummyCmd.SetFocus();
 }
 
 void WorldFrm::RestoreWorld() {
@@ -69,8 +70,8 @@ void WorldFrm::Unload() {
     PrefsRecord.SavedWorldY = MapYScroll.Value();
     SavePreferences();
     if (WorldChanged == True) {
-        LastMsgResult = MessageBox("Save World Map Changes?", "World Map Changed", MessageButtons::YesNoCancel,
-                                   MessageIcon::Question);
+        LastMsgResult = ShowMessage("Save World Map Changes?", "World Map Changed", MessageButtons::YesNoCancel,
+                                    MessageIcon::Question);
         if (LastMsgResult == AnswerYes) {
             BuildWorldText();
             WriteWorldFile(WorldPath);

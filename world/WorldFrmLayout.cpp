@@ -14,6 +14,7 @@ constexpr int ScrollSize = 17;
 constexpr int PanelLeft = 654;
 constexpr int PanelWidth = 222;
 constexpr Place TilesPlace{PanelLeft, 226, PanelWidth, 393};
+constexpr Place WholePanel{0, 0, TilesPlace.width, TilesPlace.height};
 
 const std::vector<ToolBarButton> ToolBarButtons{
     {1, "", "Create New World"}, {3, "", "Open World Map"},   {5, "", "Save World Map"},
@@ -46,7 +47,6 @@ void MakeMap(WorldFrm& form) {
     form.NukImg.Create(form.Window, "NukImg", {0, 0, CellSize, CellSize});
     form.NukImg.SetPicture(FixedPicture("NukImg"));
     form.NukImg.SetVisible(false);
-    form.NukImg.SetEnabled(false);  // the cell below takes the mouse
     for (int n = 0; n < WorldFrm::Sprites; ++n) {
         ImageCell& sprite = Element(form.DotImg, n);
         sprite.Create(form.Window, MemberName("DotImg", n), {0, 0, CellSize, CellSize});
@@ -64,6 +64,7 @@ void MakeMapScrolls(WorldFrm& form) {
     form.MapYScroll.Create(form.Window, "MapYScroll", {MapLeft + GridWidth + 4, MapTop, ScrollSize, GridHeight},
                            Direction::Vertical, {.maximum = 3, .largeChange = ViewRows - 2});
     form.MapYScroll.SetAccessibleName("First map row");
+    form.Window.ScrollWithWheel({MapLeft, MapTop, GridWidth, GridHeight}, &form.MapYScroll, &form.MapXScroll);
     for (ScrollBar* bar : {&form.MapXScroll, &form.MapYScroll}) {
         bar->Change = [&form] { form.MapScroll_Change(); };
         bar->Scroll = [&form] { form.MapScroll_Change(); };
@@ -104,6 +105,7 @@ void MakePalette(WorldFrm& form) {
     form.TileScroll.Create(form.TilesFrame, "TileScroll", {175, 28, ScrollSize, 312}, Direction::Vertical,
                            {.maximum = 12, .largeChange = 9});
     form.TileScroll.SetAccessibleName("First palette row");
+    form.TilesFrame.ScrollWithWheel(WholePanel, &form.TileScroll, nullptr);
     form.TileScroll.Change = [&form] { form.TileScroll_Change(); };
     form.TileScroll.Scroll = [&form] { form.TileScroll_Change(); };
     form.CurrentImg.Create(form.TilesFrame, "CurrentImg", {30, 351, CellSize, CellSize});
@@ -169,6 +171,7 @@ void MakeLinkList(WorldFrm& form) {
     form.LinkScroll.Create(form.LinkFrame, "LinkScroll", {194, 42, ScrollSize, 272}, Direction::Vertical,
                            {.maximum = 0, .largeChange = WorldFrm::LinkRows - 1});
     form.LinkScroll.SetAccessibleName("First link in the list");
+    form.LinkFrame.ScrollWithWheel(WholePanel, &form.LinkScroll, nullptr);
     form.LinkScroll.Change = [&form] { form.LinkScroll_Change(); };
     form.LinkScroll.Scroll = [&form] { form.LinkScroll_Change(); };
     form.Line1.Create(form.LinkFrame, "Line1", {10, 319, 202, 2});
@@ -183,10 +186,11 @@ void WorldFrm::MakeControls() {
     Window.Unload = [this] { Unload(); };
     MakeTopRow(*this);
     MakeMap(*this);
-    MakeMapScrolls(*this);
     MakeModes(*this);
     MakeReadOuts(*this);
     MakePalette(*this);
     MakeLinkList(*this);
+    MakeMapScrolls(*this);
     DummyCmd.Create(Window, "DummyCmd", {-200, -200, 80, 24}, "DummyCmd");
+    DummyCmd.HoldFocusFor({&TileScroll, &LinkScroll});
 }

@@ -4,6 +4,7 @@
 
 namespace {
 
+constexpr int FavoritesMode = 1;
 constexpr int PaletteColumns = 4;
 constexpr int LastShownTile = 35;  // the palette shows the first tile in place of later ones
 constexpr int BlockTile = 49;      // the first of nine, row by row
@@ -60,7 +61,7 @@ void WorldFrm::Img_MouseDown(int Index, int Button) {
     const Int16 y = MapYScroll.Value() + CellRow(Index);
     switch (WorldMode) {
         case 0:
-        case 1:
+        case FavoritesMode:
             if (Button == LeftButton) {
                 PaintTile(x, y);
             } else if (Button == RightButton) {
@@ -117,8 +118,9 @@ void WorldFrm::DrawPalette() {
     }
     for (int i = 0; i < PaletteCells; ++i) {
         const Int16 tile = PaletteTile(i);
-        const int shown = tile <= 0 || tile > LastShownTile ? 1 : static_cast<int>(tile);
+        const int shown = tile == 0 || tile > LastShownTile ? 1 : static_cast<int>(tile);
         Element(TileImg, i).SetPicture(WorldImages()[shown]);
+        Element(TileImg, i).SetFramed(tile == 0);
         Element(TileImg, i).SetToolTip("Tile # " + std::to_string(shown));
     }
     TileIndexBox.SetCaption(std::to_string(WorldCurrentTile));
@@ -129,7 +131,7 @@ Int16 WorldFrm::PaletteTile(int Index) const {
     const Int16 place = TileScroll.Value() * PaletteColumns + Index;
     switch (WorldMode) {
         case 0: return place + 1;
-        case 1: return Element(PrefsRecord.WorldFavorites, place);
+        case FavoritesMode: return Element(PrefsRecord.WorldFavorites, place);
         default: return WorldCurrentTile;
     }
 }
@@ -145,10 +147,10 @@ void WorldFrm::TileScroll_Change() {
 }
 
 void WorldFrm::TileImg_Click(int Index) {
-    if (FavEdit == 1 && WorldMode == 1) {
+    if (FavEdit == 1 && WorldMode == FavoritesMode) {
         Element(PrefsRecord.WorldFavorites, TileScroll.Value() * PaletteColumns + Index) = WorldCurrentTile;
         DrawPalette();
-    } else {
+    } else if (FavEdit == 0 || WorldMode < FavoritesMode) {
         WorldCurrentTile = PaletteTile(Index);
         ShowCurrentTile();
     }

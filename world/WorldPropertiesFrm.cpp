@@ -24,8 +24,8 @@ void TakeSize(const TextBox& box, Int16& size, int least, int most, const std::s
     if (number > least - 1 && number < most + 1) {
         size = TextToInt16(box.Text());
     } else {
-        LastMsgResult = MessageBox(what + "\r\nMust be between 19 and 1023", what + " Error", MessageButtons::Ok,
-                                   MessageIcon::Stop);
+        LastMsgResult = ShowMessage(what + "\r\nMust be between 19 and 1023", what + " Error", MessageButtons::Ok,
+                                    MessageIcon::Stop);
     }
 }
 

@@ -43,16 +43,44 @@ void MakeTexts(WorldPropertiesFrm& form) {
 }
 
 struct NumberRow {
-    TextBox WorldPropertiesFrm::*box;
-    void (WorldPropertiesFrm::*change)();
-    const char* name;
-    const char* accessibleName;
+    TextBox WorldPropertiesFrm::*box = nullptr;
+    void (WorldPropertiesFrm::*change)() = nullptr;
+    const char* name = "";
+    const char* accessibleName = "";
+    // The bar beside the box, if there is one.
+    ScrollBar WorldPropertiesFrm::*bar = nullptr;
+    void (WorldPropertiesFrm::*barChange)() = nullptr;
+    const char* barName = "";
+    ScrollRange range = {};
 };
+
+void MakeScroll(WorldPropertiesFrm& form, const NumberRow& row, int top) {
+    ScrollBar& bar = form.*row.bar;
+    bar.Create(form.Window, row.barName, {ScrollLeft, top + 2, WindowWidth - ScrollLeft - 14, 17},
+               Direction::Horizontal, row.range);
+    bar.SetAccessibleName(row.accessibleName);
+    bar.Change = [&form, change = row.barChange] { (form.*change)(); };
+    bar.Scroll = bar.Change;
+}
 
 void MakeNumbers(WorldPropertiesFrm& form) {
     static constexpr std::array<NumberRow, 4> Rows{{
-        {&WorldPropertiesFrm::WidthBox, &WorldPropertiesFrm::WidthBox_Change, "WidthBox", "Width"},
-        {&WorldPropertiesFrm::HeightBox, &WorldPropertiesFrm::HeightBox_Change, "HeightBox", "Height"},
+        {&WorldPropertiesFrm::WidthBox,
+         &WorldPropertiesFrm::WidthBox_Change,
+         "WidthBox",
+         "Width",
+         &WorldPropertiesFrm::XScroll,
+         &WorldPropertiesFrm::XScroll_Change,
+         "XScroll",
+         {.minimum = 19, .maximum = 512, .largeChange = 10, .value = 19}},
+        {&WorldPropertiesFrm::HeightBox,
+         &WorldPropertiesFrm::HeightBox_Change,
+         "HeightBox",
+         "Height",
+         &WorldPropertiesFrm::YScroll,
+         &WorldPropertiesFrm::YScroll_Change,
+         "YScroll",
+         {.minimum = 16, .maximum = 256, .largeChange = 10, .value = 16}},
         {&WorldPropertiesFrm::StartXBox, &WorldPropertiesFrm::StartXBox_Change, "StartXBox", "Start Pos X"},
         {&WorldPropertiesFrm::StartYBox, &WorldPropertiesFrm::StartYBox_Change, "StartYBox", "Start Pos Y"},
     }};
@@ -63,20 +91,10 @@ void MakeNumbers(WorldPropertiesFrm& form) {
         box.SetAccessibleName(row.accessibleName);
         box.KeyPress = [&form](int KeyAscii) { return form.NumberBox_KeyPress(KeyAscii); };
         box.Change = [&form, change = row.change] { (form.*change)(); };
+        if (row.bar != nullptr) {
+            MakeScroll(form, row, RowTop(4 + i));
+        }
     }
-}
-
-void MakeScrolls(WorldPropertiesFrm& form) {
-    form.XScroll.Create(form.Window, "XScroll", {ScrollLeft, RowTop(4) + 2, WindowWidth - ScrollLeft - 14, 17},
-                        Direction::Horizontal, {.minimum = 19, .maximum = 512, .largeChange = 10, .value = 19});
-    form.XScroll.SetAccessibleName("Width");
-    form.XScroll.Change = [&form] { form.XScroll_Change(); };
-    form.XScroll.Scroll = [&form] { form.XScroll_Change(); };
-    form.YScroll.Create(form.Window, "YScroll", {ScrollLeft, RowTop(5) + 2, WindowWidth - ScrollLeft - 14, 17},
-                        Direction::Horizontal, {.minimum = 16, .maximum = 256, .largeChange = 10, .value = 16});
-    form.YScroll.SetAccessibleName("Height");
-    form.YScroll.Change = [&form] { form.YScroll_Change(); };
-    form.YScroll.Scroll = [&form] { form.YScroll_Change(); };
 }
 
 }  // namespace
@@ -87,7 +105,6 @@ void WorldPropertiesFrm::MakeControls() {
     MakeLabels(*this);
     MakeTexts(*this);
     MakeNumbers(*this);
-    MakeScrolls(*this);
     OKCmd.Create(Window, "OKCmd", {WindowWidth - 14 - 90, WindowHeight - 40, 90, 26}, "OK");
     OKCmd.Click = [this] { OKCmd_Click(); };
 }

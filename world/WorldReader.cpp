@@ -7,6 +7,7 @@
 #include "core/General.h"
 #include "core/SharedState.h"
 #include "platform/Dialogs.h"
+#include "platform/Events.h"
 #include "platform/Files.h"
 #include "world/WorldScanner.h"
 
@@ -291,18 +292,25 @@ void ReadWorldFile(const std::string& path) {
     WorldReadError = 0;
     ResetWorld();
     if (QueryFile(WorldPath) != FileNameOf(WorldPath)) {
-        MessageBox(WorldPath, "Map NOT Found!", MessageButtons::Ok, MessageIcon::Stop);
+        ShowMessage(WorldPath, "Map NOT Found!", MessageButtons::Ok, MessageIcon::Stop);
         return;
     }
     WorldPath = path;
     const int file = FreeFileNumber();
     OpenForInput(file, path);
     NewWorldPending = False;
-    WithMemoryFaults([&] {
-        WorldScanner in{WholeText(file)};
-        CloseFile(file);
-        ParseText(in);
-    });
+    try {
+        WithMemoryFaults([&] {
+            WorldScanner in{WholeText(file)};
+            CloseFile(file);
+            ParseText(in);
+        });
+    } catch (const UnclosedQuote&) {
+        // The reading does not end. What there is of the world must not be saved over its file, so it counts as
+        // unchanged, and the one thing that its user can do is to close its screen.
+        WorldChanged = False;
+        WaitForClosing();
+    }
     if (WorldReadError == 0) {
         WorldLoaded = True;
         WorldChanged = False;

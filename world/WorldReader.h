@@ -25,5 +25,6 @@ void DeleteLink(int index);
 /// names it and nothing is read. WorldLoaded tells success. What the format does not allow gives a number in
 /// WorldReadError. Faults: those of Files.h (the file stays open then), those of TextToInt16 for a number, 9
 /// for a negative map size, 7 for one beyond memory, 6 for more than 32767 links or comments; all of them
-/// leave the record as far as it was read. Never returns when a quoted text is not closed.
+/// leave the record as far as it was read. Never returns when a quoted text is not closed: a screen must be closed
+/// then.
 void ReadWorldFile(const std::string& path);

@@ -1,12 +1,12 @@
 #include "world/WorldScanner.h"
 
-#include <charconv>
-
 #include "platform/Conversions.h"
-#include "platform/Events.h"
 #include "platform/Texts.h"
 
 namespace {
+
+/// So many digits always fit into a number.
+constexpr std::int64_t PlainDigits = 4;
 
 constexpr bool IsBlankCharacter(int character) { return character == ' ' || character == '\t' || character == '\n'; }
 
@@ -75,17 +75,22 @@ std::string WorldScanner::ReadWord() {
 }
 
 Int16 WorldScanner::ReadNumber() {
-    SkipBlanks();
     if (pos > 0) {
-        // A map has a quarter of a million numbers, so those that are written plainly are taken without
-        // building the word. The last character of the text is never part of a word.
-        const char* const first = text.data() + pos - 1;
-        const char* const last = text.data() + text.size() - 1;
-        std::int16_t number = 0;
-        const auto [end, error] = std::from_chars(first, last, number);
-        if (error == std::errc() && end != last && EndsWord(*end)) {
-            pos += end - first + (*end == ')' ? 0 : 1);
-            return {number};
+        // A map has a quarter of a million numbers. Those of few digits, which are nearly all, need no word. The zero
+        // behind the text ends every loop, and the last character of the text is never part of a word.
+        const char* first = text.c_str() + pos - 1;
+        while (IsBlankCharacter(*first)) {
+            ++first;
+        }
+        const char* end = first;
+        unsigned number = 0;
+        for (; IsDigit(*end); ++end) {
+            number = 10 * number + static_cast<unsigned>(*end - '0');
+        }
+        const bool isPlain = end > first && end - first <= PlainDigits && EndsWord(*end);
+        if (isPlain && end + 1 < text.c_str() + text.size()) {
+            pos = end - text.c_str() + (*end == ')' ? 1 : 2);
+            return {static_cast<int>(number)};
         }
     }
     return TextToInt16(ReadWord());
@@ -102,10 +107,9 @@ std::string WorldScanner::ReadQuoted() {
             return quoted;
         }
         if (character == Beyond) {
-            YieldToEventQueue();  // from here on for ever, so the user must be able to close the program
-        } else {
-            quoted += static_cast<char>(character);
+            throw UnclosedQuote();
         }
+        quoted += static_cast<char>(character);
     }
 }
 

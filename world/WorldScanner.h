@@ -5,6 +5,9 @@
 
 #include "platform/Int16.h"
 
+/// What leaves the scanner when a quoted text has no end.
+struct UnclosedQuote {};
+
 /// Walks the text of a world map file. Blanks are blank, tab and line feed; a text never holds a carriage
 /// return. Characters are given as CharAt gives them, with `Beyond` at the end of the text.
 struct WorldScanner {
@@ -27,8 +30,8 @@ struct WorldScanner {
     /// The next word as a number, by TextToInt16 and with its faults.
     Int16 ReadNumber();
 
-    /// What stands in double quotes; empty, with one character lost, if no quote comes next. Never returns
-    /// when the second quote is missing.
+    /// What stands in double quotes; empty, with one character lost, if no quote comes next. Throws UnclosedQuote when
+    /// the second quote is missing: by the format, the text goes on for ever then.
     std::string ReadQuoted();
 
     /// The letter behind "#"; empty, with one character lost, if no "#" comes next.

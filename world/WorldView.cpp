@@ -41,14 +41,14 @@ void WorldFrm::UpdateWorld() {
     Updating = true;
     YieldToEventQueue();
     if (WorldReadError > 0) {
-        MessageBox("Error # " + std::to_string(WorldReadError), "World Read Error", MessageButtons::Ok,
-                   MessageIcon::Stop);
+        ShowMessage("Error # " + std::to_string(WorldReadError), "World Read Error", MessageButtons::Ok,
+                    MessageIcon::Stop);
     } else if (WorldLoaded == False) {
         return;
     } else if (WorldRecord.width < ViewColumns || WorldRecord.height < ViewRows) {
-        MessageBox("World Map Size Error!\r\nWidth = " + std::to_string(WorldRecord.width) +
-                       ", Height = " + std::to_string(WorldRecord.height),
-                   "World Map Error", MessageButtons::Ok, MessageIcon::Stop);
+        ShowMessage("World Map Size Error!\r\nWidth = " + std::to_string(WorldRecord.width) +
+                        ", Height = " + std::to_string(WorldRecord.height),
+                    "World Map Error", MessageButtons::Ok, MessageIcon::Stop);
     } else {
         UpdateView();
     }
@@ -95,9 +95,11 @@ void WorldFrm::DrawTiles() {
     const ImageList& pictures = WorldImages();
     const Int16 left = MapXScroll.Value();
     const Int16 top = MapYScroll.Value();
-    for (int i = 0; i < ViewCells; ++i) {
-        const Int16 tile = WorldRecord.tiles(left + CellColumn(i), top + CellRow(i));
-        Element(Img, i).SetPicture(tile != 0 ? pictures[tile] : Picture());
+    for (int row = 0; row < ViewRows; ++row) {
+        for (int column = 0; column < ViewColumns; ++column) {
+            const Int16 tile = WorldRecord.tiles(left + column, top + row);
+            Element(Img, CellIndex(column, row)).SetPicture(tile != 0 ? pictures[tile] : Picture());
+        }
     }
 }
 
