@@ -213,7 +213,11 @@ bool AtEndOfFile(int number) {
 }
 
 std::string ReadBytes(int number) {
-    std::FILE* stream = StreamOf(number);
+    const NumberedFile& file = FileOf(number);
+    std::FILE* stream = file.stream.get();
+    if (stream == nullptr) {
+        return file.text;
+    }
     std::rewind(stream);
     return WithMemoryFaults([&] { return ReadAll(stream); });
 }

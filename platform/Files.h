@@ -28,7 +28,7 @@ void OpenForBinary(int number, const std::string& path);
 /// True when all of the file has been read. Fault 52.
 [[nodiscard]] bool AtEndOfFile(int number);
 
-/// All bytes of a file open for bytes, from its start. Faults 52, 57.
+/// All bytes of the open file, from its start; if it is open for input, before the first line is taken. Faults 52, 57.
 [[nodiscard]] std::string ReadBytes(int number);
 
 /// Writes `bytes` from the file's start, without cutting off what stands behind them. Faults 52, 57, 61.
