@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "core/LineEnds.h"
 #include "core/MapGrid.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"

@@ -16,6 +16,7 @@
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "platform/Application.h"
+#include "platform/Files.h"
 
 namespace {
 
@@ -126,6 +127,7 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
     const std::string what = argv[1];
+    ProgramFolder = FolderOfProgram();
     startedAt = std::atof(argv[2]);
     if (what == "editor") {
         return StartEditor(argc, argv);
