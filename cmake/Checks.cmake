@@ -28,7 +28,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 
 if(FB_WARNINGS_AS_ERRORS)
-    target_compile_options(fb_checks INTERFACE $<IF:$<CXX_COMPILER_ID:MSVC>,/WX,-Werror>)
+    target_compile_options(fb_checks INTERFACE $<IF:$<BOOL:${MSVC}>,/WX,-Werror>)
 endif()
 
 if(FB_SANITIZE OR FB_FUZZ)

@@ -32,6 +32,7 @@ function(fb_add_windows_resources target)
     set_source_files_properties("${resources}" PROPERTIES
         OBJECT_DEPENDS "${icon};${PROJECT_SOURCE_DIR}/packaging/windows.manifest")
     target_sources(${target} PRIVATE "${resources}")
-    # A compiler that would add a manifest of its own is told not to.
-    target_link_options(${target} PRIVATE $<$<CXX_COMPILER_ID:MSVC>:/MANIFEST:NO>)
+    if(MSVC)
+        target_link_options(${target} PRIVATE /MANIFEST:NO)  # not one of the linker's own besides
+    endif()
 endfunction()
