@@ -114,7 +114,9 @@ TEST_F(FilesTest, WritesLeaveNothingOpenAndNothingBehind) {
                   {PathOf("gone/file"), FaultNumber::PathNotFound},
                   {folder.string(), FaultNumber::PathFileAccessError},
                   {"/dev/full", FaultNumber::DiskFull},
+#ifndef _WIN32  // where too long a name is one of a missing folder
                   {PathOf(std::string(256, 'n')), FaultNumber::BadFileNumber},
+#endif
                   {"", FaultNumber::BadFileNumber}};
     for (const auto& [path, fault] : writes) {
         SCOPED_TRACE(path);
@@ -125,14 +127,21 @@ TEST_F(FilesTest, WritesLeaveNothingOpenAndNothingBehind) {
         }
     }
     // A program folder that cannot be written gives way to the user's own, wherever the environment says that is.
-    const char* const variables[] = {"XDG_CONFIG_HOME", "HOME"};
+#ifdef _WIN32
+    const std::pair<const char*, const char*> variables[] = {{"APPDATA", "FB_Editor"}};
+    const auto set = [](const char* variable, const std::string& value) { _putenv_s(variable, value.c_str()); };
+#else
+    const std::pair<const char*, const char*> variables[] = {{"XDG_CONFIG_HOME", "FB_Editor"},
+                                                             {"HOME", ".config/FB_Editor"}};
+    const auto set = [](const char* variable, const std::string& value) { setenv(variable, value.c_str(), 1); };
+#endif
     const std::string none = Store("file", "") + "/none";
-    for (const char* variable : variables) {
-        for (const char* other : variables) {
-            setenv(other, none.c_str(), 1);
+    for (const auto& [variable, name] : variables) {
+        for (const auto& other : variables) {
+            set(other.first, none);
         }
-        setenv(variable, folder.c_str(), 1);
-        const std::string expected = PathOf(variable == variables[0] ? "FB_Editor" : ".config/FB_Editor");
+        set(variable, folder.string());
+        const std::string expected = PathOf(name);
         EXPECT_EQ(WritableFolder(none), expected);
         EXPECT_TRUE(std::filesystem::is_directory(expected));
     }
