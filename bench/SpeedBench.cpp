@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "core/LineEnds.h"
 #include "core/MapGrid.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
@@ -140,14 +141,14 @@ void LevelFiles(const std::string& path) {
     WriteLevelFile(path);
     Report(
         "Read a level of 1023 columns", [&] { ReadLevelFile(path); }, [bytes = FileBytes(path)] { ScanNumbers(bytes); },
-        4);
+        2.6);
     std::vector<int> numbers = NumbersOf(LevelRecord.background_tm, WidestLevel, LevelRows);
     numbers.resize(3 * numbers.size());
     std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3));
     std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3 * 2));
     UseUnixLineEnds();
     Report(
-        "Compose its text", BuildLevelText, [&] { PrintNumbers(numbers); }, 4);
+        "Compose its text", BuildLevelText, [&] { PrintNumbers(numbers); }, 1.4);
 }
 
 void WorldFiles(const std::string& path) {
@@ -157,10 +158,10 @@ void WorldFiles(const std::string& path) {
     WorldPath = path;
     Report(
         "Read a world of 1023 by 256", [&] { ReadWorldFile(path); }, [bytes = FileBytes(path)] { ScanNumbers(bytes); },
-        4);
+        2.6);
     const std::vector<int> numbers = NumbersOf(WorldRecord.tiles, LargestWorldWidth, LargestWorldHeight);
     Report(
-        "Compose its text (world)", BuildWorldText, [&] { PrintNumbers(numbers); }, 4);
+        "Compose its text (world)", BuildWorldText, [&] { PrintNumbers(numbers); }, 1.4);
 }
 
 Surface* ScreenSurface(const char* name) {
@@ -227,7 +228,7 @@ void LevelRedraws() {
     const auto redraw = [&] { Redraw(surface, LevelRecord.background_tm, 71, UpdateDisplay); };
     FillLevel(WidestLevel);
     Report(
-        "UpdateDisplay, painted", redraw, [&] { bare.Redraw(); }, 3);
+        "UpdateDisplay, painted", redraw, [&] { bare.Redraw(); }, 1.4);
     const double wide = MedianMicroseconds(redraw);
     FillLevel(21);
     std::printf("UpdateDisplay, width 1023 to width 21;%.1f;%.1f;us;1.3\n", wide, MedianMicroseconds(redraw));
@@ -243,7 +244,7 @@ void WorldRedraws() {
     FillWorld(LargestWorldWidth, LargestWorldHeight);
     WorldReadError = 0;
     Report(
-        "UpdateWorld, painted", redraw, [&] { bare.Redraw(); }, 3);
+        "UpdateWorld, painted", redraw, [&] { bare.Redraw(); }, 1.4);
     const double wide = MedianMicroseconds(redraw);
     FillWorld(18, 15);
     std::printf("UpdateWorld, 1023 by 256 to 18 by 15;%.1f;%.1f;us;1.3\n", wide, MedianMicroseconds(redraw));
@@ -252,7 +253,7 @@ void WorldRedraws() {
     for (int n = 0; n < MostLinks; ++n) {
         AddInNewLink(n % ViewColumns, n / ViewColumns);
     }
-    std::printf("UpdateWorld, 63 links to none;%.1f;%.1f;us;2.0\n", MedianMicroseconds(redraw), withoutLinks);
+    std::printf("UpdateWorld, 63 links to none;%.1f;%.1f;us;1.3\n", MedianMicroseconds(redraw), withoutLinks);
 }
 
 }  // namespace

@@ -39,11 +39,16 @@ function(fb_embed_pictures target source)
     # The tool that takes the pixels out runs on this system, also where the program is built for another one.
     set(tool_source "${FB_ASSETS_DIR}/embed")
     set(tool_dir "${CMAKE_CURRENT_BINARY_DIR}/embed_pictures")
+    if(CMAKE_CROSSCOMPILING)
+        set(tool_settings -D "CMAKE_PREFIX_PATH=${QT_HOST_PATH}")
+    else()
+        set(tool_settings -D "CMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}" -D "Qt6_DIR=${Qt6_DIR}")
+    endif()
     set(tool "${tool_dir}/embed_pictures${CMAKE_HOST_EXECUTABLE_SUFFIX}")
     add_custom_command(
         OUTPUT "${tool}"
         COMMAND "${CMAKE_COMMAND}" -S "${tool_source}" -B "${tool_dir}" -G "${CMAKE_GENERATOR}"
-                -D CMAKE_BUILD_TYPE=Release -D "CMAKE_PREFIX_PATH=${QT_HOST_PATH}"
+                -D CMAKE_BUILD_TYPE=Release ${tool_settings}
         COMMAND "${CMAKE_COMMAND}" --build "${tool_dir}"
         DEPENDS "${tool_source}/CMakeLists.txt" "${tool_source}/EmbedPictures.cpp"
                 "${PROJECT_SOURCE_DIR}/platform/SheetIndex.h"

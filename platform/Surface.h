@@ -76,10 +76,10 @@ protected:
 
 private:
     struct WheelArea {
-        Container* container;
+        Container* container = nullptr;
         Place area;
-        ScrollBar* vertical;
-        ScrollBar* horizontal;
+        ScrollBar* vertical = nullptr;
+        ScrollBar* horizontal = nullptr;
         WheelNotches down;
         WheelNotches right;
     };

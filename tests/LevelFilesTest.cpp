@@ -2,6 +2,7 @@
 #include "level/InfoFile.h"
 #include "level/LevelReader.h"
 #include "level/LevelWriter.h"
+#include "platform/Events.h"
 #include "platform/Files.h"
 #include "tests/ModelTest.h"
 
@@ -132,11 +133,92 @@ TEST_F(LevelFilesTest, NegativeNumbersAndFloats) {
 }
 
 TEST_F(LevelFilesTest, WithoutMapsTheOldFileStays) {
-    // The fault of composing comes before the old file is touched.
+    // The fault of composing comes before the old file is touched, and before the text composed last.
     const std::string path = Store("level.fbl", "old");
-    LevelRecord.width = 5;
-    EXPECT_EQ(FaultOf([&] { WriteLevelFile(path); }), FaultNumber::SubscriptOutOfRange);
-    EXPECT_EQ(FileText(path), "old");
+    LevelText = "before";
+    for (const auto& [width, fault] :
+         {std::pair(5, FaultNumber::SubscriptOutOfRange), {-32768, FaultNumber::Overflow}}) {
+        LevelRecord.width = width;
+        EXPECT_EQ(FaultOf([&] { WriteLevelFile(path); }), fault);
+        EXPECT_EQ(FileText(path) + LevelText, "oldbefore");
+    }
+}
+
+/// What comes in its yields, at any of them, does not change the text that is being composed.
+TEST_F(LevelFilesTest, ASaveIsWholeWhateverItsYieldsBring) {
+    const auto fill = [] {
+        LevelRecord = {};
+        LevelRecord.width = 30;
+        LevelRecord.background_tm = LevelRecord.interactive_tm = LevelRecord.foreground_tm = TileMap(30, 15);
+        LevelRecord.foreground_tm(29, 14) = 7;
+    };
+    const std::string path = PathOf("level.fbl");
+    fill();
+    WriteLevelFile(path);
+    const std::string whole = FileText(path);
+    const std::pair<const char*, std::function<void()>> comings[] = {
+        {"another save", [&] { WriteLevelFile(PathOf("second.fbl")); }},
+        {"the text viewer",
+         [] {
+             UseDosLineEnds();
+             BuildLevelText();
+         }},
+        {"another level", [] { LevelRecord = {}; }},
+        {"paint", [] { LevelRecord.foreground_tm(0, 0) = LevelRecord.background_tm(0, 0) = 9; }},
+    };
+    for (const auto& [what, come] : comings) {
+        for (int yieldsBefore = 0; yieldsBefore < 47; yieldsBefore += 9) {
+            SCOPED_TRACE(what);
+            fill();
+            int yields = 0;
+            doubles.onYield = [&, come = come] {
+                if (yields++ == yieldsBefore) {
+                    come();
+                }
+            };
+            WriteLevelFile(path);
+            doubles.onYield = nullptr;
+            EXPECT_GT(yields, 46);
+            EXPECT_EQ(FileText(path), whole) << "at yield " << yieldsBefore;
+        }
+    }
+    EXPECT_EQ(FileText(PathOf("second.fbl")), whole);
+}
+
+/// Reads of texts that are used up without an end: their loops rest, and they are the only ones.
+TEST_F(LevelFilesTest, EndlessReadsRestAndOthersDoNot) {
+    const std::string lf = ";" + std::string(300, '-') + "\n(floebird-level\n";
+    const struct {
+        const char* what;
+        std::string bytes;
+        bool rests;
+    } files[] = {
+        {"layer cut off", Body("(width 21)\r\n(background-tm 1 2 3"), true},
+        {"layer cut off, LF", lf + "(width 21)\n(background-tm 1 2\n", true},
+        {"last line without digits", lf + "(width 21)\n(background-tm 1 2\nxy", true},
+        {"last line fills the layer, then comes for ever", lf + "(width 21)\n(background-tm 1 2\nx5", true},
+        {"a keyword without a line end", lf + "(time 5", true},
+        {"a comment without a line end", ";" + std::string(300, '-'), true},
+        {"points until they overflow", lf + "(reset-points\n(point (x 1) (y 2))", false},
+        {"objects until they overflow", lf + "(objects\n(fish (x 1) (y 2))", false},
+        {"whole", lf + "(time 5)\n)\n", false},
+        {"whole, DOS", Body("(time 5)\r\n"), false},
+    };
+    for (const auto& [what, bytes, rests] : files) {
+        SCOPED_TRACE(what);
+        Restart();
+        doubles = {};
+        doubles.onWait = [] { throw GivenUp(); };
+        bool rested = false;
+        try {
+            ReadLevel(bytes);
+        } catch (const GivenUp&) {
+            rested = true;
+        }
+        EXPECT_EQ(rested, rests);
+    }
+    doubles.onWait = [] { throw GivenUp(); };
+    EXPECT_THROW(ReadInfoFile(Store("info", ";" + std::string(50, 'c') + "\r\n(title \"T\")\r\n)\r\n")), GivenUp);
 }
 
 TEST_F(LevelFilesTest, OddInfoFiles) {

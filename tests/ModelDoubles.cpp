@@ -14,7 +14,13 @@ void LookAtEventQueue() {
 }
 
 void GiveUpAfterLastScreen() {}
-void WaitForEvent() { LookAtEventQueue(); }
+void WaitForEvent() {
+    if (doubles.onWait) {
+        doubles.onWait();
+    } else {
+        LookAtEventQueue();
+    }
+}
 void WaitForClosing() { throw GivenUp(); }
 
 void LoadMainFrm() {}

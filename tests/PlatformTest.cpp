@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "core/General.h"
 #include "platform/Conversions.h"
 #include "platform/Files.h"
@@ -84,6 +86,40 @@ TEST_F(FilesTest, Faults) {
     EXPECT_EQ(FaultOf([] { return LineInput(512); }), FaultNumber::BadFileNumber);
     EXPECT_EQ(FaultOf([&] { DeleteExistingFile(PathOf("gone")); }), FaultNumber::FileNotFound);
     DeleteFileQuietly(PathOf("gone"));
+}
+
+/// However a write comes out, its file is closed, and what it has written is all that is there.
+TEST_F(FilesTest, WritesLeaveNothingOpenAndNothingBehind) {
+    const struct {
+        std::string path;
+        std::optional<FaultNumber> fault;
+    } writes[] = {{PathOf("new"), {}},
+                  {Store("longer", "a longer text that stood here before"), {}},
+                  {PathOf("gone/file"), FaultNumber::PathNotFound},
+                  {folder.string(), FaultNumber::PathFileAccessError},
+                  {"/dev/full", FaultNumber::DiskFull},
+                  {PathOf(std::string(256, 'n')), FaultNumber::BadFileNumber},
+                  {"", FaultNumber::BadFileNumber}};
+    for (const auto& [path, fault] : writes) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(FaultOf([&, path = path] { WriteTextFile(path, "text"); }), fault);
+        EXPECT_EQ(FreeFileNumber(), 1);
+        if (!fault) {
+            EXPECT_EQ(FileText(path), "text");
+        }
+    }
+    // A program folder that cannot be written gives way to the user's own, wherever the environment says that is.
+    const char* const variables[] = {"XDG_CONFIG_HOME", "HOME"};
+    const std::string none = Store("file", "") + "/none";
+    for (const char* variable : variables) {
+        for (const char* other : variables) {
+            setenv(other, none.c_str(), 1);
+        }
+        setenv(variable, folder.c_str(), 1);
+        const std::string expected = PathOf(variable == variables[0] ? "FB_Editor" : ".config/FB_Editor");
+        EXPECT_EQ(WritableFolder(none), expected);
+        EXPECT_TRUE(std::filesystem::is_directory(expected));
+    }
 }
 
 TEST(GeneralTest, LogonNames) {

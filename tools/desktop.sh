@@ -1,13 +1,14 @@
 # A desktop of its own for the shipped program: a display in memory, a window manager, and the hand that clicks.
-# To be sourced by bash scripts that set `program` and `root` (the program, the project's folder).
+# To be sourced by bash scripts. Sets `work`, a folder that goes at the end.
 
-work=${work:-$(mktemp -d)}
-trap 'kill $(jobs -p) 2> /dev/null || true; wait; rm -rf "$work"' EXIT
-
-# The program writes beside itself, so it gets a folder of its own with a fresh copy of the sample game.
-cp "$program" "$work/FB_Editor"
-cp -r "$root/game" "$work/Floebird"
-cp "$root/docs/FB_Editor.Help" "$work/"
+work=$(mktemp -d)
+tidy_up() {
+    # shellcheck disable=SC2046  # one word a job
+    kill $(jobs -p) 2> /dev/null || true
+    wait
+    rm -rf "$work"
+}
+trap tidy_up EXIT
 
 exec 3> "$work/display"
 Xvfb -displayfd 3 -noreset -screen 0 1280x1024x24 2> /dev/null &
@@ -57,6 +58,14 @@ choose() {  # TITLE FILE: answers a file dialog, and goes back to the window bef
 }
 cell() { click $((10 + 34 * $1 + 16)) $((80 + 34 * $2 + 16)) "${3:-1}"; }  # column and row of the level's view
 shot() { import -window "$win" -crop "$1" +repage "$2"; }  # GEOMETRY FILE; uncompressed, so that equal means equal
+
+# bring PROGRAM PROJECT: what `start` starts. The program writes beside itself, so it comes to stand in `work`, with a
+# fresh copy of the project's sample game.
+bring() {
+    cp "$1" "$work/FB_Editor"
+    cp -r "$2/game" "$work/Floebird"
+    cp "$2/docs/FB_Editor.Help" "$work/"
+}
 
 start() {
     "$work/FB_Editor" 2> /dev/null &
