@@ -41,8 +41,12 @@ void Start() {
 }
 
 std::string AdviceForNextStart() {
+    const std::string preferences = PreferencesPath();
+    if (QueryFile(preferences).empty()) {
+        return "";  // it is not they that end the start
+    }
     const std::string level = IsBlank(LevelPath) ? "" : "The level that was being opened:\n" + LevelPath + "\n\n";
-    return level + "If this happens at every start, delete the preferences:\n" + PreferencesPath();
+    return level + "If this happens at every start, delete the preferences:\n" + preferences;
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ fs::path NearestFolder(fs::path place) {
 
 /// What `typed` means in `folder`: a name of that spelling in UTF-8, or else one of those there that show so.
 fs::path Named(const fs::path& folder, const QString& typed) {
-    const fs::path spelt = folder / HostPath(TextBytes(typed));
+    fs::path spelt = folder / HostPath(TextBytes(typed));
     std::error_code error;
     if (fs::exists(spelt, error)) {
         return spelt;

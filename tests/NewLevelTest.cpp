@@ -92,6 +92,7 @@ TEST_F(NewLevelTest, EmptiesItsListsAndKeepsSomeFields) {
     EXPECT_EQ(LevelRecord.theme + LevelRecord.EndComment, "antarctica;; end");
     EXPECT_EQ(LevelRecord.BadGuyCount + LevelRecord.ResetPointCount, 0);
     EXPECT_EQ(LevelRecord.author + LevelRecord.particle_system, "ANNAsnow");
+    EXPECT_EQ(LogonName.size(), 16U);
     PrefsRecord.DefaultAuthor = " Ben B. ";
     CreateNewLevel(folder.string());
     EXPECT_EQ(LevelRecord.author, "Ben B.");
