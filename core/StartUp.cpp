@@ -15,18 +15,19 @@ constexpr std::array<std::string_view, BadGuyTypes> DisplayNames{
     "Bouncing Spikey", "Mr. Bomb",      "Fire Ball",    "Stalactite",       "Fish",
 };
 
-/// Fixed when the program is built; without a choice then, where the game's own installer puts it, or on
-/// systems without that place the folder beside the program.
+/// Fixed when the program is built; without a choice then, where the game's own installer puts it if it has, else the
+/// folder beside the program.
 std::string FixedGameFolder() {
     std::string chosen = FB_GAME_FOLDER;
     if (!chosen.empty()) {
         return chosen;
     }
 #ifdef _WIN32
-    return "C:\\Program Files\\Floebird";
-#else
-    return JoinPath(ProgramFolder, "Floebird");
+    if (std::string installed = "C:\\Program Files\\Floebird"; FolderExists(installed)) {
+        return installed;
+    }
 #endif
+    return JoinPath(ProgramFolder, "Floebird");
 }
 
 void Start() {

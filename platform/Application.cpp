@@ -68,7 +68,8 @@ void PrepareToolkit() {
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(LightPalette());
-    QFont font(QStringLiteral("DejaVu Sans"));
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Verdana")});  // as wide, where there is no DejaVu
     font.setPixelSize(FontPixels);
     QApplication::setFont(font);
     QApplication::setQuitOnLastWindowClosed(false);

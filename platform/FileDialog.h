@@ -52,7 +52,8 @@ private:
     std::vector<Entry> entries_;  // row by row
     std::string chosen_;
 
-    QComboBox* places_ = nullptr;  // the folder and those above it, from the root
+    QComboBox* places_ = nullptr;                    // the folder and those above it, from the root; the other drives
+    std::vector<std::filesystem::path> placePaths_;  // row by row
     QTreeWidget* list_ = nullptr;
     QLineEdit* name_ = nullptr;
 };
