@@ -9,6 +9,7 @@
 #include <QStyleFactory>
 #include <algorithm>
 #include <clocale>
+#include <csignal>
 #include <memory>
 
 #include "platform/Accessibility.h"
@@ -79,6 +80,9 @@ void PrepareToolkit() {
 int RunApplication(int argc, char** argv, const std::function<void()>& start) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QGuiApplication::setDesktopSettingsAware(false);
+#ifndef _WIN32
+    std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a failed write like any other
+#endif
     const auto application = MakeApplication(argc, argv);
     PrepareToolkit();
     QGuiApplication::setWindowIcon(QIcon(*FixedPicture("ProgramIcon").Pixmap()));

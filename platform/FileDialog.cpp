@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -118,8 +119,9 @@ void FileDialog::MakeWidgets(const std::string& filter) {
     const auto rowOf = [this](QTreeWidgetItem* item) { return list_->indexOfTopLevelItem(item); };
     connect(list_, &QTreeWidget::currentItemChanged, this,
             [this, rowOf](QTreeWidgetItem* item) { PickRow(rowOf(item)); });
-    connect(list_, &QTreeWidget::itemActivated, this,
+    connect(list_, &QTreeWidget::itemDoubleClicked, this,
             [this, rowOf](QTreeWidgetItem* item) { ActivateRow(rowOf(item)); });
+    list_->installEventFilter(this);
 
     name_ = new QLineEdit(this);
     name_->setObjectName(QStringLiteral("fileNameEdit"));
@@ -148,6 +150,19 @@ void FileDialog::MakeWidgets(const std::string& filter) {
     const std::initializer_list<QWidget*> tabs{name_, accept, cancel, places_, up, add, list_};
     for (const auto* tab = tabs.begin(); tab + 1 != tabs.end(); ++tab) {
         setTabOrder(tab[0], tab[1]);
+    }
+}
+
+/// Keys in the list. The toolkit's list would pass Enter on to the dialog's button, which takes the name box.
+bool FileDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != list_ || event->type() != QEvent::KeyPress) {
+        return QDialog::eventFilter(watched, event);
+    }
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter: ActivateRow(list_->indexOfTopLevelItem(list_->currentItem())); return true;
+        case Qt::Key_Backspace: GoTo(folder_.parent_path()); return true;
+        default: return false;
     }
 }
 
@@ -211,18 +226,26 @@ void FileDialog::ShowEntry(int row) {
     item->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
 }
 
+const FileDialog::Entry* FileDialog::EntryAt(int row) const {
+    return row >= 0 && row < static_cast<int>(entries_.size()) ? &entries_[static_cast<std::size_t>(row)] : nullptr;
+}
+
 void FileDialog::PickRow(int row) {
-    if (row >= 0 && row < static_cast<int>(entries_.size()) && !entries_[static_cast<std::size_t>(row)].folder) {
-        name_->setText(ShownText(entries_[static_cast<std::size_t>(row)].name));
+    if (const Entry* entry = EntryAt(row); entry != nullptr && !entry->folder) {
+        name_->setText(ShownText(entry->name));
     }
 }
 
 void FileDialog::ActivateRow(int row) {
-    const Entry entry = entries_[static_cast<std::size_t>(row)];
-    if (entry.folder) {
-        GoTo(folder_ / HostPath(entry.name));
+    const Entry* entry = EntryAt(row);
+    if (entry == nullptr) {
+        return;
+    }
+    const fs::path path = folder_ / HostPath(entry->name);
+    if (entry->folder) {
+        GoTo(path);
     } else {
-        chosen_ = PathBytes(folder_ / HostPath(entry.name));
+        chosen_ = PathBytes(path);
         accept();
     }
 }
@@ -265,12 +288,9 @@ fs::path FileDialog::NamedPath() const {
     if (typed == ShownText(proposal_)) {
         return (folder_ / HostPath(proposal_)).lexically_normal();  // as it was, byte for byte
     }
-    const int row = list_->indexOfTopLevelItem(list_->currentItem());
-    if (row >= 0 && row < static_cast<int>(entries_.size())) {
-        const std::string& name = entries_[static_cast<std::size_t>(row)].name;
-        if (typed == ShownText(name)) {
-            return folder_ / HostPath(name);
-        }
+    const Entry* picked = EntryAt(list_->indexOfTopLevelItem(list_->currentItem()));
+    if (picked != nullptr && typed == ShownText(picked->name)) {
+        return folder_ / HostPath(picked->name);
     }
     const fs::path spelt = HostPath(TextBytes(typed));
     // A path from the root on that names no drive is on that of the folder.
