@@ -249,7 +249,7 @@ void LevelRedraws() {
     const Level narrow = LevelRecord;
     FillLevel(WidestLevel);
     const Level wide = LevelRecord;
-    Report("UpdateDisplay, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.4);
+    Report("UpdateDisplay, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.2);
     Report("UpdateDisplay, width 1023 to width 21", Within(LevelRecord, wide, redraw),
            Within(LevelRecord, narrow, redraw), 1.3);
 }
@@ -266,7 +266,7 @@ void WorldRedraws() {
     FillWorld(LargestWorldWidth, LargestWorldHeight);
     const World large = WorldRecord;
     WorldReadError = 0;
-    Report("UpdateWorld, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.4);
+    Report("UpdateWorld, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.2);
     Report("UpdateWorld, 1023 by 256 to 18 by 15", Within(WorldRecord, large, redraw),
            Within(WorldRecord, small, redraw), 1.3);
     WorldRecord = small;
