@@ -2,15 +2,25 @@
 
 add_library(fb_checks INTERFACE)
 
-target_compile_options(fb_checks INTERFACE
-    -Wall -Wextra -Wpedantic       # the common ground
-    -Wshadow                       # a name that hides another one misleads the reader
-    -Wconversion -Wsign-conversion # a number that silently loses bits would reach a file
-    -Wnon-virtual-dtor             # deleting through a base class must not leak
-    -Wold-style-cast               # casts say what they do
-    -Woverloaded-virtual           # a toolkit's event handler with a slip in its signature would never run
-    -Wdouble-promotion             # read-outs are computed in single precision on purpose
-    -Wformat=2)                    # texts never serve as formats
+if(MSVC)
+    target_compile_definitions(fb_checks INTERFACE
+        NOMINMAX                       # min and max are the standard library's
+        _CRT_SECURE_NO_WARNINGS)       # the standard's functions are meant, not that compiler's own
+    target_compile_options(fb_checks INTERFACE
+        /utf-8                         # the sources are UTF-8 on every system
+        /permissive-                   # the language as it is
+        /W4 /w14242 /w14244 /w14265)   # the likes of the warnings below
+else()
+    target_compile_options(fb_checks INTERFACE
+        -Wall -Wextra -Wpedantic       # the common ground
+        -Wshadow                       # a name that hides another one misleads the reader
+        -Wconversion -Wsign-conversion # a number that silently loses bits would reach a file
+        -Wnon-virtual-dtor             # deleting through a base class must not leak
+        -Wold-style-cast               # casts say what they do
+        -Woverloaded-virtual           # a toolkit's event handler with a slip in its signature would never run
+        -Wdouble-promotion             # read-outs are computed in single precision on purpose
+        -Wformat=2)                    # texts never serve as formats
+endif()
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(fb_checks INTERFACE
@@ -18,7 +28,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 
 if(FB_WARNINGS_AS_ERRORS)
-    target_compile_options(fb_checks INTERFACE -Werror)
+    target_compile_options(fb_checks INTERFACE $<IF:$<BOOL:${MSVC}>,/WX,-Werror>)
 endif()
 
 if(FB_SANITIZE OR FB_FUZZ)

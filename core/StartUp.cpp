@@ -15,18 +15,19 @@ constexpr std::array<std::string_view, BadGuyTypes> DisplayNames{
     "Bouncing Spikey", "Mr. Bomb",      "Fire Ball",    "Stalactite",       "Fish",
 };
 
-/// Fixed when the program is built; without a choice then, where the game's own installer puts it, or on
-/// systems without that place the folder beside the program.
+/// Fixed when the program is built; without a choice then, where the game's own installer puts it if it has, else the
+/// folder beside the program.
 std::string FixedGameFolder() {
     std::string chosen = FB_GAME_FOLDER;
     if (!chosen.empty()) {
         return chosen;
     }
 #ifdef _WIN32
-    return "C:\\Program Files\\Floebird";
-#else
-    return JoinPath(ProgramFolder, "Floebird");
+    if (std::string installed = "C:\\Program Files\\Floebird"; FolderExists(installed)) {
+        return installed;
+    }
 #endif
+    return JoinPath(ProgramFolder, "Floebird");
 }
 
 void Start() {
@@ -40,8 +41,12 @@ void Start() {
 }
 
 std::string AdviceForNextStart() {
+    const std::string preferences = PreferencesPath();
+    if (QueryFile(preferences).empty()) {
+        return "";  // it is not they that end the start
+    }
     const std::string level = IsBlank(LevelPath) ? "" : "The level that was being opened:\n" + LevelPath + "\n\n";
-    return level + "If this happens at every start, delete the preferences:\n" + PreferencesPath();
+    return level + "If this happens at every start, delete the preferences:\n" + preferences;
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 namespace {
 
 void Replay(const std::filesystem::path& path) {
-    std::printf("%s\n", path.c_str());
+    std::printf("%s\n", path.string().c_str());
     std::fflush(stdout);  // the last name shown is that of the input that ends the program
     std::ifstream file(path, std::ios::binary);
     const std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

@@ -99,7 +99,9 @@ private:
 class PressableInterface : public QAccessibleWidget {
 public:
     PressableInterface(QWidget& widget, Pressable& pressable)
-        : QAccessibleWidget(&widget, pressable.Role()), widget_(widget), pressable_(pressable) {}
+        : QAccessibleWidget(&widget), widget_(widget), pressable_(pressable) {}
+
+    [[nodiscard]] QAccessible::Role role() const override { return pressable_.Role(); }
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
         const auto* button = qobject_cast<const QAbstractButton*>(&widget_);

@@ -5,8 +5,12 @@
 #include <QIcon>
 #include <QPalette>
 #include <QPixmap>
+#include <QScreen>
 #include <QStyleFactory>
+#include <algorithm>
 #include <clocale>
+#include <csignal>
+#include <memory>
 
 #include "platform/Accessibility.h"
 #include "platform/Conversions.h"
@@ -31,6 +35,31 @@ QPalette LightPalette() {
     return palette;
 }
 
+/// The largest screen with its frame, in pixels before scaling.
+constexpr QSize MostRoom(886 + 2, 662 + 32);
+
+/// By how much to scale: whole numbers keep the tiles sharp, and no screen may be larger than the display.
+int ScaleFactor(qreal wanted, QSize display) {
+    const int most = std::min(display.width() / MostRoom.width(), display.height() / MostRoom.height());
+    return std::max(std::min(static_cast<int>(wanted), most), 1);
+}
+
+/// The toolkit, which knows the display, and so the scale factor, only once it is there. Where that one does not do, it
+/// is made once more.
+std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
+    auto application = std::make_unique<QApplication>(argc, argv);
+    const qreal ratio = application->devicePixelRatio();
+    const QSize display = QGuiApplication::primaryScreen()->geometry().size() * ratio;
+    if (const int factor = ScaleFactor(ratio, display); factor != ratio) {
+        application.reset();
+        qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+        qunsetenv("QT_SCREEN_SCALE_FACTORS");
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(factor));
+        application = std::make_unique<QApplication>(argc, argv);
+    }
+    return application;
+}
+
 }  // namespace
 
 void PrepareToolkit() {
@@ -39,7 +68,8 @@ void PrepareToolkit() {
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(LightPalette());
-    QFont font(QStringLiteral("DejaVu Sans"));
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Verdana")});  // as wide, where there is no DejaVu
     font.setPixelSize(FontPixels);
     QApplication::setFont(font);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -50,7 +80,10 @@ void PrepareToolkit() {
 int RunApplication(int argc, char** argv, const std::function<void()>& start) {
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QGuiApplication::setDesktopSettingsAware(false);
-    const QApplication application(argc, argv);
+#ifndef _WIN32
+    std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a failed write like any other
+#endif
+    const auto application = MakeApplication(argc, argv);
     PrepareToolkit();
     QGuiApplication::setWindowIcon(QIcon(*FixedPicture("ProgramIcon").Pixmap()));
     RunHandler(start);

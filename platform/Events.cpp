@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <chrono>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -181,9 +182,9 @@ void ScreenClosed(const Screen& screen) {
 }
 
 QWidget* FrontWindow() {
-    for (auto loaded = screens.rbegin(); loaded != screens.rend(); ++loaded) {
-        if (loaded->screen->Window().isVisible()) {
-            return &loaded->screen->Window();
+    for (const LoadedScreen& loaded : std::views::reverse(screens)) {
+        if (loaded.screen->Window().isVisible()) {
+            return &loaded.screen->Window();
         }
     }
     return nullptr;

@@ -2,8 +2,10 @@
 
 #include <QComboBox>
 #include <QDateTime>
+#include <QDir>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -29,7 +31,7 @@ constexpr QSize DialogSize(620, 420);
 
 enum Column { NameColumn, SizeColumn, DateColumn, Columns };
 
-QString Shown(const fs::path& path) { return ShownText(path.string()); }
+QString Shown(const fs::path& path) { return ShownText(PathBytes(path)); }
 
 /// Whether a file of this name is listed: the pattern is "*" and an ending, or one name. The case of letters is the
 /// same.
@@ -49,7 +51,7 @@ fs::path NearestFolder(fs::path place) {
 
 /// What `typed` means in `folder`: a name of that spelling in UTF-8, or else one of those there that show so.
 fs::path Named(const fs::path& folder, const QString& typed) {
-    const fs::path spelt = folder / fs::path(TextBytes(typed));
+    fs::path spelt = folder / HostPath(TextBytes(typed));
     std::error_code error;
     if (fs::exists(spelt, error)) {
         return spelt;
@@ -85,7 +87,7 @@ FileDialog::FileDialog(const FileDialogSetup& setup, Purpose purpose, QWidget* o
     setWindowTitle(purpose == Purpose::Open ? tr("Open") : tr("Save As"));
     MakeWidgets(pattern_);
     resize(DialogSize);
-    GoTo(NearestFolder(setup.folder));
+    GoTo(NearestFolder(HostPath(setup.folder)));
     name_->setText(ShownText(proposal_));
     name_->selectAll();
     name_->setFocus();
@@ -96,10 +98,7 @@ void FileDialog::MakeWidgets(const std::string& filter) {
     places_ = new QComboBox(this);
     places_->setAccessibleName(tr("Folder"));
     connect(places_, &QComboBox::activated, this, [this](int index) {
-        fs::path place = folder_;
-        for (int above = places_->count() - 1; above > index; --above) {
-            place = place.parent_path();
-        }
+        const fs::path place = placePaths_[static_cast<std::size_t>(index)];
         GoTo(place);
     });
     auto* up = MakeToolButton(this, QStyle::SP_FileDialogToParent, tr("Parent Folder (Alt+Up)"));
@@ -120,8 +119,9 @@ void FileDialog::MakeWidgets(const std::string& filter) {
     const auto rowOf = [this](QTreeWidgetItem* item) { return list_->indexOfTopLevelItem(item); };
     connect(list_, &QTreeWidget::currentItemChanged, this,
             [this, rowOf](QTreeWidgetItem* item) { PickRow(rowOf(item)); });
-    connect(list_, &QTreeWidget::itemActivated, this,
+    connect(list_, &QTreeWidget::itemDoubleClicked, this,
             [this, rowOf](QTreeWidgetItem* item) { ActivateRow(rowOf(item)); });
+    list_->installEventFilter(this);
 
     name_ = new QLineEdit(this);
     name_->setObjectName(QStringLiteral("fileNameEdit"));
@@ -153,16 +153,37 @@ void FileDialog::MakeWidgets(const std::string& filter) {
     }
 }
 
+/// Keys in the list. The toolkit's list would pass Enter on to the dialog's button, which takes the name box.
+bool FileDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != list_ || event->type() != QEvent::KeyPress) {
+        return QDialog::eventFilter(watched, event);
+    }
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter: ActivateRow(list_->indexOfTopLevelItem(list_->currentItem())); return true;
+        case Qt::Key_Backspace: GoTo(folder_.parent_path()); return true;
+        default: return false;
+    }
+}
+
 void FileDialog::GoTo(const fs::path& folder) {
     folder_ = folder;
-    places_->clear();
-    for (fs::path place = folder_;; place = place.parent_path()) {
-        places_->insertItem(0, style()->standardIcon(QStyle::SP_DirIcon), Shown(place));
-        if (!place.has_relative_path()) {
-            break;
+    placePaths_ = {folder_};
+    while (placePaths_.front().has_relative_path()) {
+        placePaths_.insert(placePaths_.begin(), placePaths_.front().parent_path());
+    }
+    const int own = static_cast<int>(placePaths_.size()) - 1;
+    for (const QFileInfo& drive : QDir::drives()) {
+        const fs::path root = HostPath(TextBytes(QDir::toNativeSeparators(drive.absoluteFilePath())));
+        if (root != folder_.root_path()) {
+            placePaths_.push_back(root);
         }
     }
-    places_->setCurrentIndex(places_->count() - 1);
+    places_->clear();
+    for (const fs::path& place : placePaths_) {
+        places_->addItem(style()->standardIcon(QStyle::SP_DirIcon), Shown(place));
+    }
+    places_->setCurrentIndex(own);
     ListFolder();
 }
 
@@ -173,7 +194,7 @@ void FileDialog::ListFolder() {
     for (fs::directory_iterator entry(folder_, error), end; entry != end && !error; entry.increment(error)) {
         std::error_code unreadable;  // a dangling link is a file: opening it tells what is wrong
         const bool folder = entry->is_directory(unreadable);
-        const std::string name = entry->path().filename().string();
+        const std::string name = PathBytes(entry->path().filename());
         if (folder || Matches(name, pattern_)) {
             entries_.push_back({name, folder});
         }
@@ -192,7 +213,7 @@ void FileDialog::ListFolder() {
 
 void FileDialog::ShowEntry(int row) {
     const Entry& entry = entries_[static_cast<std::size_t>(row)];
-    const fs::path path = folder_ / entry.name;
+    const fs::path path = folder_ / HostPath(entry.name);
     auto* item = new QTreeWidgetItem(list_, {WithSymbols(ShownText(entry.name))});
     item->setIcon(NameColumn, style()->standardIcon(entry.folder ? QStyle::SP_DirIcon : QStyle::SP_FileIcon));
     std::error_code error;
@@ -205,18 +226,26 @@ void FileDialog::ShowEntry(int row) {
     item->setTextAlignment(SizeColumn, Qt::AlignRight | Qt::AlignVCenter);
 }
 
+const FileDialog::Entry* FileDialog::EntryAt(int row) const {
+    return row >= 0 && row < static_cast<int>(entries_.size()) ? &entries_[static_cast<std::size_t>(row)] : nullptr;
+}
+
 void FileDialog::PickRow(int row) {
-    if (row >= 0 && row < static_cast<int>(entries_.size()) && !entries_[static_cast<std::size_t>(row)].folder) {
-        name_->setText(ShownText(entries_[static_cast<std::size_t>(row)].name));
+    if (const Entry* entry = EntryAt(row); entry != nullptr && !entry->folder) {
+        name_->setText(ShownText(entry->name));
     }
 }
 
 void FileDialog::ActivateRow(int row) {
-    const Entry entry = entries_[static_cast<std::size_t>(row)];
-    if (entry.folder) {
-        GoTo(folder_ / entry.name);
+    const Entry* entry = EntryAt(row);
+    if (entry == nullptr) {
+        return;
+    }
+    const fs::path path = folder_ / HostPath(entry->name);
+    if (entry->folder) {
+        GoTo(path);
     } else {
-        chosen_ = (folder_ / entry.name).string();
+        chosen_ = PathBytes(path);
         accept();
     }
 }
@@ -227,8 +256,9 @@ void FileDialog::MakeNewFolder() {
         return;
     }
     try {
-        MakeFolder((folder_ / name).string());
-        GoTo(folder_ / name);
+        const fs::path made = folder_ / HostPath(name);
+        MakeFolder(PathBytes(made));
+        GoTo(made);
     } catch (const Fault& fault) {
         ShowMessage(fault.what(), "Create New Folder", MessageButtons::Ok, MessageIcon::Warning);
     }
@@ -245,10 +275,10 @@ void FileDialog::TakeName() {
         GoTo(path);
         name_->clear();
     } else if (purpose_ == Purpose::Open && !fs::exists(path, error)) {
-        ShowMessage(path.filename().string() + "\nFile not found.\nPlease verify the correct file name was given.",
+        ShowMessage(PathBytes(path.filename()) + "\nFile not found.\nPlease verify the correct file name was given.",
                     "Open", MessageButtons::Ok, MessageIcon::Warning);
     } else {
-        chosen_ = path.string();
+        chosen_ = PathBytes(path);
         accept();
     }
 }
@@ -256,17 +286,15 @@ void FileDialog::TakeName() {
 fs::path FileDialog::NamedPath() const {
     const QString typed = name_->text();
     if (typed == ShownText(proposal_)) {
-        return (folder_ / fs::path(proposal_)).lexically_normal();  // as it was, byte for byte
+        return (folder_ / HostPath(proposal_)).lexically_normal();  // as it was, byte for byte
     }
-    const int row = list_->indexOfTopLevelItem(list_->currentItem());
-    if (row >= 0 && row < static_cast<int>(entries_.size())) {
-        const std::string& name = entries_[static_cast<std::size_t>(row)].name;
-        if (typed == ShownText(name)) {
-            return folder_ / name;
-        }
+    const Entry* picked = EntryAt(list_->indexOfTopLevelItem(list_->currentItem()));
+    if (picked != nullptr && typed == ShownText(picked->name)) {
+        return folder_ / HostPath(picked->name);
     }
-    const fs::path spelt(TextBytes(typed));
-    fs::path path = spelt.is_absolute() ? spelt.root_path() : folder_;
+    const fs::path spelt = HostPath(TextBytes(typed));
+    // A path from the root on that names no drive is on that of the folder.
+    fs::path path = spelt.has_root_path() ? (folder_ / spelt).root_path() : folder_;
     for (const fs::path& part : spelt.relative_path()) {
         path = Named(path, Shown(part));
     }

@@ -23,6 +23,9 @@ public:
     /// The full path of the file, once the dialog has been accepted. For Open it is an existing file.
     [[nodiscard]] const std::string& Chosen() const { return chosen_; }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Entry {
         std::string name;
@@ -33,6 +36,7 @@ private:
     void GoTo(const std::filesystem::path& folder);
     void ListFolder();
     void ShowEntry(int row);
+    [[nodiscard]] const Entry* EntryAt(int row) const;  ///< null for no row of an entry
     void PickRow(int row);
     void ActivateRow(int row);
     void MakeNewFolder();
@@ -48,7 +52,8 @@ private:
     std::vector<Entry> entries_;  // row by row
     std::string chosen_;
 
-    QComboBox* places_ = nullptr;  // the folder and those above it, from the root
+    QComboBox* places_ = nullptr;                    // the folder and those above it, from the root; the other drives
+    std::vector<std::filesystem::path> placePaths_;  // row by row
     QTreeWidget* list_ = nullptr;
     QLineEdit* name_ = nullptr;
 };

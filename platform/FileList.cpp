@@ -3,32 +3,17 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <tuple>
 
 #include "platform/EventQueue.h"
-#include "platform/Fault.h"
+#include "platform/Files.h"
 #include "platform/TextCoding.h"
 #include "platform/Texts.h"
 
-namespace fs = std::filesystem;
-
 namespace {
 
-std::vector<std::string> FilesOf(const std::string& folder) {
-    std::error_code error;
-    std::vector<std::string> names;
-    for (fs::directory_iterator entry(folder, error), end; entry != end && !error; entry.increment(error)) {
-        std::error_code unreadable;  // a dangling link is listed: choosing it tells what is wrong
-        if (!entry->is_directory(unreadable)) {
-            names.push_back(entry->path().filename().string());
-        }
-    }
-    if (error) {
-        const bool readable = error != std::errc::permission_denied;
-        throw Fault(readable ? FaultNumber::PathNotFound : FaultNumber::PathFileAccessError);
-    }
+std::vector<std::string> SortedFilesIn(const std::string& folder) {
+    std::vector<std::string> names = FilesIn(folder);
     std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
         return std::make_tuple(UpperCase(a), a) < std::make_tuple(UpperCase(b), b);
     });
@@ -51,7 +36,7 @@ void FileList::Create(Container& container, const std::string& name, Place place
 }
 
 void FileList::SetFolder(const std::string& folder) {
-    names_ = FilesOf(folder);
+    names_ = SortedFilesIn(folder);
     const QSignalBlocker quiet(list_);
     list_->clear();
     for (const std::string& name : names_) {

@@ -13,8 +13,8 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// Lmcons.h needs windows.h before it.
-#include <Lmcons.h>
+// lmcons.h needs windows.h before it.
+#include <lmcons.h>
 #else
 #include <pwd.h>
 #include <unistd.h>
@@ -28,21 +28,35 @@ struct CloseStream {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
 };
 
+std::FILE* OpenStream(const std::string& path, const char* mode) {
+#ifdef _WIN32
+    return _wfopen(HostPath(path).c_str(), HostPath(mode).c_str());
+#else
+    return std::fopen(path.c_str(), mode);
+#endif
+}
+
 /// An open file. Text input takes the whole file at once and walks it: the lines of a level are short and
-/// many, and one look for the next CR is cheaper than a buffered read for each.
-struct OpenFile {
+/// many, and one look for the next CR is cheaper than a buffered read for each. It has no stream any more then, since
+/// some systems would keep a file that a reader has left open from being replaced.
+struct NumberedFile {
     std::unique_ptr<std::FILE, CloseStream> stream;
     std::string text;
     std::size_t next = 0;
 };
 
-std::array<std::unique_ptr<OpenFile>, LastFileNumber + 1> openFiles;
+std::array<std::unique_ptr<NumberedFile>, LastFileNumber + 1> openFiles;
 
-OpenFile& FileOf(int number) {
+NumberedFile& FileOf(int number) {
     if (number < FirstFileNumber || number > LastFileNumber || openFiles[static_cast<std::size_t>(number)] == nullptr) {
         throw Fault(FaultNumber::BadFileNumber);
     }
     return *openFiles[static_cast<std::size_t>(number)];
+}
+
+std::FILE* StreamOf(int number) {
+    std::FILE* stream = FileOf(number).stream.get();
+    return stream != nullptr ? stream : throw Fault(FaultNumber::BadFileNumber);
 }
 
 Fault FaultOfErrno(int error) {
@@ -50,7 +64,9 @@ Fault FaultOfErrno(int error) {
         case ENOENT: return Fault(FaultNumber::FileNotFound);
         case ENOTDIR: return Fault(FaultNumber::PathNotFound);
         case ENOSPC:
+#ifdef EDQUOT
         case EDQUOT:
+#endif
         case EFBIG: return Fault(FaultNumber::DiskFull);
         case EMFILE:
         case ENFILE: return Fault(FaultNumber::TooManyFiles);
@@ -78,19 +94,18 @@ std::string ReadAll(std::FILE* stream) {
     return bytes;
 }
 
-OpenFile& Open(int number, const std::string& path, const char* mode) {
+NumberedFile& Open(int number, const std::string& path, const char* mode) {
     if (number < FirstFileNumber || number > LastFileNumber || openFiles[static_cast<std::size_t>(number)] != nullptr) {
         throw Fault(FaultNumber::BadFileNumber);
     }
     if (path.empty() || path.find('\0') != std::string::npos) {
         throw Fault(FaultNumber::BadFileNumber);
     }
-    std::error_code ignored;
-    if (fs::is_directory(path, ignored)) {
+    if (FolderExists(path)) {
         throw Fault(FaultNumber::PathFileAccessError);
     }
-    auto file = std::make_unique<OpenFile>();
-    file->stream.reset(std::fopen(path.c_str(), mode));
+    auto file = std::make_unique<NumberedFile>();
+    file->stream.reset(OpenStream(path, mode));
     if (file->stream == nullptr) {
         throw FaultOfErrno(errno);
     }
@@ -98,7 +113,7 @@ OpenFile& Open(int number, const std::string& path, const char* mode) {
 }
 
 /// Opens a file that need not exist; what is missing then is its folder.
-OpenFile& OpenForWriting(int number, const std::string& path, const char* mode) {
+NumberedFile& OpenForWriting(int number, const std::string& path, const char* mode) {
     try {
         return Open(number, path, mode);
     } catch (const Fault& fault) {
@@ -108,7 +123,10 @@ OpenFile& OpenForWriting(int number, const std::string& path, const char* mode) 
 
 bool CanWriteFolder(const std::string& folder) {
 #ifdef _WIN32
-    return (fs::status(folder).permissions() & fs::perms::owner_write) != fs::perms::none;
+    // Only trying tells: the read-only mark of a folder means something else there, and rights are not all that counts.
+    const HANDLE probe = CreateFileW((HostPath(folder) / L"FB_Editor.probe").c_str(), GENERIC_WRITE, 0, nullptr,
+                                     CREATE_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    return probe != INVALID_HANDLE_VALUE && CloseHandle(probe) != 0;
 #else
     return access(folder.c_str(), W_OK) == 0;
 #endif
@@ -118,8 +136,8 @@ bool CanWriteFolder(const std::string& folder) {
 /// where the environment names none.
 std::vector<std::string> ConfigurationFolders() {
 #ifdef _WIN32
-    const char* roaming = std::getenv("APPDATA");
-    return {roaming != nullptr ? roaming : "."};
+    const wchar_t* roaming = _wgetenv(L"APPDATA");
+    return {PathBytes(roaming != nullptr ? roaming : L".")};
 #else
     std::vector<std::string> folders;
     if (const char* configured = std::getenv("XDG_CONFIG_HOME"); configured != nullptr && *configured == '/') {
@@ -153,9 +171,10 @@ int FreeFileNumber() {
 }
 
 void OpenForInput(int number, const std::string& path) {
-    OpenFile& file = Open(number, path, "rb");
+    NumberedFile& file = Open(number, path, "rb");
     try {
         file.text = WithMemoryFaults([&] { return ReadAll(file.stream.get()); });
+        file.stream.reset();
     } catch (const Fault&) {
         CloseFile(number);
         throw;
@@ -170,7 +189,7 @@ void OpenForBinary(int number, const std::string& path) {
 }
 
 std::string LineInput(int number) {
-    OpenFile& file = FileOf(number);
+    NumberedFile& file = FileOf(number);
     if (file.next >= file.text.size()) {
         throw Fault(FaultNumber::InputPastEndOfFile);
     }
@@ -189,18 +208,22 @@ std::string LineInput(int number) {
 }
 
 bool AtEndOfFile(int number) {
-    const OpenFile& file = FileOf(number);
+    const NumberedFile& file = FileOf(number);
     return file.next >= file.text.size();
 }
 
 std::string ReadBytes(int number) {
-    std::FILE* stream = FileOf(number).stream.get();
+    const NumberedFile& file = FileOf(number);
+    std::FILE* stream = file.stream.get();
+    if (stream == nullptr) {
+        return file.text;
+    }
     std::rewind(stream);
     return WithMemoryFaults([&] { return ReadAll(stream); });
 }
 
 void WriteBytes(int number, std::string_view bytes) {
-    std::FILE* stream = FileOf(number).stream.get();
+    std::FILE* stream = StreamOf(number);
     std::rewind(stream);
     WriteAll(stream, bytes);
 }
@@ -217,39 +240,88 @@ void CloseFile(int number) {
     }
 }
 
-std::string QueryFile(const std::string& path) {
+bool FolderExists(const std::string& path) {
+    std::error_code ignored;
+    return fs::is_directory(HostPath(path), ignored);
+}
+
+std::vector<std::string> FilesIn(const std::string& folder) {
     std::error_code error;
-    const fs::path file(path);
-    if (path.empty() || !fs::exists(file, error) || fs::is_directory(file, error)) {
+    std::vector<std::string> names;
+    for (fs::directory_iterator entry(HostPath(folder), error), end; entry != end && !error; entry.increment(error)) {
+        std::error_code unreadable;  // a dangling link is listed: choosing it tells what is wrong
+        if (!entry->is_directory(unreadable)) {
+            names.push_back(PathBytes(entry->path().filename()));
+        }
+    }
+    if (error) {
+        const bool readable = error != std::errc::permission_denied;
+        throw Fault(readable ? FaultNumber::PathNotFound : FaultNumber::PathFileAccessError);
+    }
+    return names;
+}
+
+std::string QueryFile(const std::string& path) {
+    std::error_code ignored;
+    const fs::path file = HostPath(path);
+    if (!fs::exists(file, ignored) || FolderExists(path)) {
         return {};
     }
-    return file.filename().string();
+    return PathBytes(file.filename());
 }
 
 void DeleteExistingFile(const std::string& path) {
-    std::error_code error;
-    if (fs::is_directory(path, error)) {
+    if (FolderExists(path)) {
         throw Fault(FaultNumber::PathFileAccessError);
     }
-    if (!fs::remove(path, error)) {
+    std::error_code error;
+    if (!fs::remove(HostPath(path), error)) {
         throw Fault(error ? FaultNumber::PermissionDenied : FaultNumber::FileNotFound);
     }
 }
 
 void MakeFolder(const std::string& path) {
     std::error_code error;
-    if (fs::create_directory(path, error)) {
+    if (fs::create_directory(HostPath(path), error)) {
         return;
     }
     const bool missingParent = error == std::errc::no_such_file_or_directory;
     throw Fault(missingParent ? FaultNumber::PathNotFound : FaultNumber::PathFileAccessError);
 }
 
+fs::path HostPath(const std::string& bytes) {
+#ifdef _WIN32
+    constexpr UINT Windows1252 = 1252;
+    const auto size = static_cast<int>(bytes.size());
+    const bool utf8 = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0) > 0;
+    std::wstring name(bytes.size(), L'\0');  // no encoding takes more units than bytes
+    name.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(utf8 ? CP_UTF8 : Windows1252, 0, bytes.data(), size, name.data(), size)));
+    return name;
+#else
+    return bytes;
+#endif
+}
+
+std::string PathBytes(const fs::path& path) {
+#ifdef _WIN32
+    const std::wstring& name = path.native();
+    std::string bytes(3 * name.size(), '\0');  // no unit takes more
+    bytes.resize(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, name.data(), static_cast<int>(name.size()),
+                                                     bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr)));
+    return bytes;
+#else
+    return path.string();
+#endif
+}
+
 std::string FolderOfProgram() {
 #ifdef _WIN32
-    std::array<char, 4096> buffer{};
-    GetModuleFileNameA(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
-    return fs::path(buffer.data()).parent_path().string();
+    constexpr std::size_t LongestPath = 32768;
+    std::wstring path(LongestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return PathBytes(fs::path(path).parent_path());
 #else
     std::error_code ignored;
     return fs::read_symlink("/proc/self/exe", ignored).parent_path().string();
@@ -264,16 +336,16 @@ std::string WritableFolder(const std::string& preferred) {
         }
         folder = configuration + std::string(PathSeparator) + "FB_Editor";
         std::error_code ignored;
-        fs::create_directories(folder, ignored);
+        fs::create_directories(HostPath(folder), ignored);
     }
     return folder;
 }
 
 std::string ProcessOwnerName() {
 #ifdef _WIN32
-    std::array<char, UNLEN + 1> buffer{};
-    DWORD size = static_cast<DWORD>(buffer.size());
-    return GetUserNameA(buffer.data(), &size) != 0 ? buffer.data() : "";
+    std::array<wchar_t, UNLEN + 1> name{};
+    auto size = static_cast<DWORD>(name.size());
+    return GetUserNameW(name.data(), &size) != 0 ? PathBytes(name.data()) : "";
 #else
     const passwd* owner = getpwuid(geteuid());
     return owner != nullptr ? owner->pw_name : "";

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
-// Files by number, as the readers and writers use them. Paths and contents are bytes. Every failure is a
+// Files by number, as the readers and writers use them. Paths and contents are bytes (see HostPath). Every failure is a
 // fault: 53 no such file, 75 not to be opened (a folder, no right to it, no such folder above it: 76), 57
 // for an error of the device, 61 for a full disk, 67 when all numbers are taken.
 
@@ -26,7 +28,7 @@ void OpenForBinary(int number, const std::string& path);
 /// True when all of the file has been read. Fault 52.
 [[nodiscard]] bool AtEndOfFile(int number);
 
-/// All bytes of the open file, from its start. Faults 52, 57.
+/// All bytes of the open file, from its start; if it is open for input, before the first line is taken. Faults 52, 57.
 [[nodiscard]] std::string ReadBytes(int number);
 
 /// Writes `bytes` from the file's start, without cutting off what stands behind them. Faults 52, 57, 61.
@@ -51,6 +53,11 @@ private:
     int number_;
 };
 
+[[nodiscard]] bool FolderExists(const std::string& path);
+
+/// The names of the files in `folder`, in no order, without the folders. Faults 75 (no right), 76 (no such folder).
+[[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder);
+
 /// The exact name of the file at `path`, without its folder; empty if there is no such file. Folders are not files.
 [[nodiscard]] std::string QueryFile(const std::string& path);
 
@@ -67,6 +74,14 @@ inline constexpr std::string_view PathSeparator =
 #else
     "/";
 #endif
+
+/// The path that `bytes` stand for, for use with the standard library. Where names are no bytes but wide characters,
+/// they are read as texts are shown: as UTF-8 if they are that, else as Windows-1252, so that every name leads to some
+/// file. The library's own reading would be that of a code page, which differs from one computer to the next.
+[[nodiscard]] std::filesystem::path HostPath(const std::string& bytes);
+
+/// The bytes of a path: its own, or UTF-8.
+[[nodiscard]] std::string PathBytes(const std::filesystem::path& path);
 
 /// The folder of the running program, without a separator at its end.
 [[nodiscard]] std::string FolderOfProgram();

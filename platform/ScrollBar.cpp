@@ -11,6 +11,19 @@
 #include "platform/Fault.h"
 #include "platform/Surface.h"
 
+struct KeyAction {
+    Qt::Key key;
+    QAbstractSlider::SliderAction action;
+};
+
+/// The toolkit's own keys turn the horizontal bars around.
+constexpr KeyAction KeyActions[] = {
+    {Qt::Key_Left, QAbstractSlider::SliderSingleStepSub}, {Qt::Key_Right, QAbstractSlider::SliderSingleStepAdd},
+    {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},   {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
+    {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub}, {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd},
+    {Qt::Key_Home, QAbstractSlider::SliderToMinimum},     {Qt::Key_End, QAbstractSlider::SliderToMaximum},
+};
+
 /// A bar that the wheel moves by one step a notch, and that shows when it has the focus.
 class StepBar : public QScrollBar {
 public:
@@ -24,6 +37,16 @@ protected:
         const QPoint turn = event->angleDelta();
         setValue(value() + notches_.Take(turn.y() != 0 ? turn.y() : turn.x()));
         event->accept();
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        for (const KeyAction& entry : KeyActions) {
+            if (entry.key == event->key()) {
+                triggerAction(entry.action);
+                return;
+            }
+        }
+        event->ignore();
     }
 
     void paintEvent(QPaintEvent* event) override {

@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 #include "platform/Controls.h"
@@ -198,8 +199,8 @@ bool Surface::IsShown(const ImageCell& cell) const {
 }
 
 const QWidget* Surface::ContainerAt(QPoint position) const {
-    for (auto frame = frames_.rbegin(); frame != frames_.rend(); ++frame) {
-        const QWidget* widget = (*frame)->ContainerWidget();
+    for (const Container* frame : std::views::reverse(frames_)) {
+        const QWidget* widget = frame->ContainerWidget();
         if (!widget->isHidden() &&
             AreaIn(widget, *this, {0, 0, widget->width(), widget->height()}).contains(position)) {
             return widget;

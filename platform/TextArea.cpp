@@ -68,7 +68,8 @@ void TextArea::Create(Container& container, const std::string& name, Place place
     edit_->setTabChangesFocus(true);
     edit_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     edit_->setLineWrapMode(lines == Lines::Wrapped ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
-    QFont font(QStringLiteral("DejaVu Sans Mono"));
+    QFont font;
+    font.setFamilies({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Consolas")});
     font.setPixelSize(edit_->font().pixelSize());
     edit_->setFont(font);
     edit_->setTabStopDistance(TabStop * edit_->fontMetrics().averageCharWidth());

@@ -110,6 +110,8 @@ const FatalAction Actions[]{
     {"background that is no picture", [](auto& path) { ChooseTextAsBackground(path); }, InvalidPicture},
     {"a palette cell behind the world tiles", [](auto&) { ClickPalette(0, 12, "TileImg(28)"); }, SubscriptOutOfRange},
     {"an empty world favorite", [](auto&) { ClickPalette(1, 1, "TileImg(0)"); }, SubscriptOutOfRange},
+    {"a negative world favorite", [](auto&) { PrefsRecord.WorldFavorites[4] = -1, ClickPalette(1, 1, "TileImg(0)"); },
+     SubscriptOutOfRange},
     {"64 links", [](auto&) { Show64Links(); }, SubscriptOutOfRange},
     {"link x beyond 16 bits", [](auto&) { TypeLinkX("32768"); }, Overflow},
     {"world start emptied", [](auto&) { InWorldProperties("StartXBox", ""); }, TypeMismatch},

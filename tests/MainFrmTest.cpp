@@ -1,3 +1,9 @@
+#include <QAccessible>
+#include <QImage>
+#include <QPixmap>
+#include <QTest>
+#include <QWheelEvent>
+
 #include "level/LevelWriter.h"
 #include "tests/ScreenDriver.h"
 
@@ -16,12 +22,112 @@ TEST_F(MainFrmTest, WithoutALevelNothingIsPainted) {
     RightClickOn(Main, Img(0, 0));
     MoveOverCell(Main, Img(3, 3));
     EXPECT_EQ(StateOf(Main, "ColBox"), "");
-    ClickOn(Main, Img(0, 0));
+    ScrollTo(Main, "MapXScroll", 32767);
+    RightClickOn(Main, Img(17, 0));
+    ClickOn(Main, Img(17, 0));
     ASSERT_EQ(dialogs.messages.size(), 1U);
     EXPECT_EQ(dialogs.messages[0].title + ": " + dialogs.messages[0].text,
               "No Level Width Specified: You must create the level first!\r\nUse the File menu to create a new set or "
               "level.");
+    ClickOn(Main, "TB(4)");  // the bar comes back into the level's range
+    EXPECT_EQ(StateOf(Main, "MapXScroll"), "102 of 102");
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+}
+
+TEST_F(MainFrmTest, SpritesAndFramesKeepTheirPlaces) {
+    OpenMain(40, 3);
+    ClickOn(Main, "ResetCheck");
+    LevelRecord.start_pos_x = 64;
+    LevelRecord.ResetPointCount = 2;
+    LevelRecord.reset_points.Resize(2);
+    LevelRecord.reset_points[1] = {-5, 0};  // in the column left of the level
+    LevelRecord.reset_points[2] = {5 * 32, 64};
+    AddBadGuy({0, "snowball", 575, 0, 0});
+    UpdateDisplay();
+    EXPECT_EQ(MoveOverCell(Main, "ResetImg"), "Reset Point: Index = 2, X = 160, Y = 64");
+    // Sprites that take no press let it through, the frame beside the map covers the one at its edge.
+    CurrentTile = 7;
+    ClickOn(Main, "ModeOption(0)");
+    ClickOn(Main, "NukImage");
+    ClickOn(Main, "ResetImg");
+    EXPECT_EQ(LevelRecord.background_tm(2, 0) * 1000 + LevelRecord.background_tm(5, 2), 7007);
+    const auto layerFrame = [] { return WindowOf(Main).grab(QRect(633, 70, 30, 60)).toImage(); };
+    const QImage withoutSprite = layerFrame();
+    ClickOn(Main, "ModeOption(1)");
+    ASSERT_EQ(StateOf(Main, "BGImg(0)"), "shown");
+    EXPECT_EQ(layerFrame(), withoutSprite);
+    // One that has lost its bad guy, or is hidden while a button holds it, is silent.
+    PressCell(Main, "BGImg(0)");
+    CurrentMode = 0;
+    UpdateDisplay();
+    QTest::mouseMove(&WindowOf(Main), QPoint(300, 300));
+    ReleaseCell(Main, Img(3, 3));
+    ClickOn(Main, "ModeOption(1)");
+    ClearBadGuySlots();
+    EXPECT_EQ(MoveOverCell(Main, "BGImg(0)"), "");
+    RightClickOn(Main, "BGImg(0)");
+    EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+}
+
+TEST_F(MainFrmTest, WheelAndKeysScrollWhatTheyMean) {
+    OpenMain(40);
+    const auto turn = [](QPoint at, QPoint angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QWheelEvent event(at, WindowOf(Main).mapToGlobal(at), {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase,
+                          false);
+        QCoreApplication::sendEvent(&WindowOf(Main), &event);
+    };
+    turn({300, 300}, {0, -120});
+    turn({300, 300}, {0, -60});  // half a notch, as touch pads turn
+    turn({300, 300}, {0, -60});
+    turn({300, 300}, {-120, 0});
+    turn({300, 300}, {0, 120});
+    turn({700, 300}, {0, -240});
+    turn({700, 630}, {0, -120});  // nothing to scroll there
+    EXPECT_EQ(StatesOf(Main, {"MapXScroll", "SelScroll"}), (Texts{"2 of 22", "2 of 43"}));
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Space, Qt::Key_Return}) {
+        PressKey(Main, "DummyCmd", key);
+    }
+    EXPECT_EQ(StatesOf(Main, {"LayerOption(0)", "SelScroll"}), (Texts{"on", "10 of 43"}));
+    PressKey(Main, "MapXScroll", Qt::Key_End);
+    PressKey(Main, "MapXScroll", Qt::Key_Left);
+    CurrentTile = 5;
+    PressKey(Main, "BlankTileCmd", Qt::Key_Return);
+    EXPECT_EQ(StateOf(Main, "MapXScroll") + std::to_string(CurrentTile), "21 of 220");
+    PressKey(Main, "TB(15)", Qt::Key_Space);
+    EXPECT_TRUE(IsOpen("HelpFrm"));
+}
+
+/// What tools are told, and what the pointer shows.
+TEST_F(MainFrmTest, ToolsKnowCellsAndButtons) {
+    OpenMain(40, 2);
+    LevelRecord.background_tm(3, 3) = 26;
+    AddBadGuy({0, "snowball", 64, 64, 0});
+    UpdateDisplay();
+    const auto nameOf = [](const char* control) {
+        auto* tool = QAccessible::queryAccessibleInterface(&ControlOf<QWidget>(Main, control));
+        return tool->text(QAccessible::Name).toStdString() + (tool->state().invisible ? " unseen" : "");
+    };
+    EXPECT_EQ((Texts{nameOf("DummyCmd"), nameOf("BGUYBox(0)"), nameOf("SetNukCmd")}),
+              (Texts{" unseen", "Y of bad guy 1", "Set Nuk Start Pos."}));
+    auto* screen = QAccessible::queryAccessibleInterface(&WindowOf(Main));
+    Texts found;
+    for (int i = 0; i < screen->childCount(); ++i) {
+        const QAccessibleInterface* child = screen->child(i);
+        if (child->text(QAccessible::Name) == QLatin1String("Img(48)")) {
+            found = {child->text(QAccessible::Value).toStdString(), std::to_string(child->rect().width())};
+            EXPECT_EQ(screen->indexOfChild(child), i);
+        }
+    }
+    EXPECT_EQ(found, (Texts{"26", "32"}));
+    // While the start is being picked the pointer is the same everywhere; the toolbar begins with a separator.
+    const auto shapeOver = [](const char* control) { return ControlOf<QWidget>(Main, control).cursor().shape(); };
+    const Qt::CursorShape own = shapeOver("BGUXBox(0)");
+    ClickOn(Main, "SetNukCmd");
+    EXPECT_EQ(shapeOver("BGUXBox(0)"), Qt::BitmapCursor);
+    ClickOn(Main, "SetNukCmd");
+    EXPECT_EQ(shapeOver("BGUXBox(0)"), own);
+    EXPECT_LT(own, Qt::BitmapCursor);
+    EXPECT_EQ(ControlOf<QWidget>(Main, "TB").findChildren<QWidget*>().size(), 10 + 7);
 }
 
 TEST_F(MainFrmTest, LayersShowOneTileOfACell) {
@@ -72,6 +178,11 @@ TEST_F(MainFrmTest, PaletteSelectsTiles) {
         EXPECT_EQ(CellOf(Main, "CurImg").Shown(), BlockImgList()[c.picture]);
     }
     EXPECT_EQ(MoveOverCell(Main, "CurImg"), "Tile # 77 (Breakable Tile)");
+    CurrentTileSet = 7;  // as the preferences may say: the palette stays as it is, and deaf
+    ClickOn(Main, "SelImg(5)");
+    EXPECT_EQ(CurrentTile, 77);
+    EXPECT_EQ(MoveOverCell(Main, "SelImg(5)"), "");
+    CurrentTileSet = 0;
     // The right button picks a tile off the map.
     LevelRecord.foreground_tm(4, 4) = 203;
     const struct {

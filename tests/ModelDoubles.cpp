@@ -23,7 +23,11 @@ void WaitForEvent() {
 }
 void WaitForClosing() { throw GivenUp(); }
 
-void LoadMainFrm() {}
+void LoadMainFrm() {
+    if (doubles.onLoadMainFrm) {
+        doubles.onLoadMainFrm();
+    }
+}
 void ShowMainFrm() {}
 void SetMapXScrollMax(Int16) {}
 void ShowFileName(const std::string& text) { doubles.calls.push_back("ShowFileName " + text); }

@@ -8,7 +8,8 @@
 struct ModelDoubles {
     std::vector<std::string> calls;  ///< calls through the door, in order
     std::function<void()> onYield;   ///< runs at every yield while set
-    std::function<void()> onWait;    ///< runs at every wait for an event, in place of onYield
+    std::function<void()> onLoadMainFrm;
+    std::function<void()> onWait;  ///< runs at every wait for an event, in place of onYield
 };
 
 extern ModelDoubles doubles;

@@ -1,6 +1,7 @@
 #include "level/NewLevel.h"
 
 #include "level/LevelEnding.h"
+#include "platform/Files.h"
 #include "tests/ModelTest.h"
 
 namespace fs = std::filesystem;
@@ -91,6 +92,7 @@ TEST_F(NewLevelTest, EmptiesItsListsAndKeepsSomeFields) {
     EXPECT_EQ(LevelRecord.theme + LevelRecord.EndComment, "antarctica;; end");
     EXPECT_EQ(LevelRecord.BadGuyCount + LevelRecord.ResetPointCount, 0);
     EXPECT_EQ(LevelRecord.author + LevelRecord.particle_system, "ANNAsnow");
+    EXPECT_EQ(LogonName.size(), 16U);
     PrefsRecord.DefaultAuthor = " Ben B. ";
     CreateNewLevel(folder.string());
     EXPECT_EQ(LevelRecord.author, "Ben B.");
@@ -109,9 +111,10 @@ TEST_F(NewLevelTest, TakesTheFirstFreeNameOfTwoDigits) {
     EXPECT_EQ(dialogs.messages,
               (std::vector<Message>{{"User Terminated or\r\nDisk Error Occured!", "Floebird Level Creation Error",
                                      MessageButtons::Ok, MessageIcon::Stop}}));
-    for (const char* separator : {"", "/"}) {  // the first one is not saved, so the second finds the same name
+    // The first one is not saved, so the second finds the same name.
+    for (const std::string_view separator : {std::string_view(), PathSeparator}) {
         fs::remove(folder / "level42.fbl");
-        EXPECT_TRUE(CreateNewLevel(folder.string() + separator));
+        EXPECT_TRUE(CreateNewLevel(folder.string().append(separator)));
         EXPECT_EQ(LevelPath, PathOf("level42.fbl"));
     }
 }

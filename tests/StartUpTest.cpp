@@ -109,4 +109,18 @@ TEST_F(PreferencesTest, ClampsOfTheSelectionsDifferOnPurpose) {
     }
 }
 
+/// A file that counts as read but holds no map ends every start, until the preferences go: the message says which.
+TEST_F(PreferencesTest, AFaultAtStartSaysWhatToDelete) {
+    doubles.onLoadMainFrm = [] { throw Fault(FaultNumber::SubscriptOutOfRange); };
+    for (const std::string& level : {PathOf("picture.fbl"), std::string()}) {
+        LevelPath = level;
+        SavePreferences();
+        Main();
+        EXPECT_EQ(dialogs.fatalFault, FaultNumber::SubscriptOutOfRange);
+        EXPECT_EQ(dialogs.advice, (level.empty() ? "" : "The level that was being opened:\n" + level + "\n\n") +
+                                      "If this happens at every start, delete the preferences:\n" +
+                                      PathOf("FB_Editor.Preferences"));
+    }
+}
+
 }  // namespace

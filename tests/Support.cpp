@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 #include "core/LineEnds.h"
 #include "core/SharedState.h"
@@ -57,9 +58,8 @@ void ResetState() {
 }
 
 void FreshTest::SetUp() {
-    std::string pattern = std::filesystem::temp_directory_path() / "fb_editor_XXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder = pattern;
+    folder = std::filesystem::temp_directory_path() / ("fb_editor_" + std::to_string(std::random_device{}()));
+    ASSERT_TRUE(std::filesystem::create_directory(folder));
     ResetState();
     ProgramFolder = UserLevelsFolder = folder.string();
 }

@@ -50,7 +50,9 @@ protected:
         SetUp();
     }
 
-    [[nodiscard]] std::string PathOf(const std::string& name) const { return (folder / name).string(); }
+    [[nodiscard]] std::string PathOf(const std::string& name) const {
+        return (folder / name).make_preferred().string();
+    }
 
     /// Writes a file into the test's folder and gives its path.
     std::string Store(const std::string& name, const std::string& bytes) {

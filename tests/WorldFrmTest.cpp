@@ -1,6 +1,8 @@
 #include "world/LinkForm.h"
 
+#include <QCoreApplication>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "tests/ScreenDriver.h"
 #include "world/WorldReader.h"
@@ -274,6 +276,20 @@ TEST_F(WorldFrmTest, CancelledAndFailedOpeningsLoseTheWorld) {
     const Message error{"Error # 4", "World Read Error", MessageButtons::Ok, MessageIcon::Stop};
     EXPECT_EQ(dialogs.messages, std::vector(2, error));
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
+}
+
+TEST_F(WorldFrmTest, ASaveUnderANewNameShowsIt) {
+    OpenWorld();
+    dialogs.files = {PathOf("new.fbwm")};
+    ClickOn(Editor, "WTB(6)");
+    EXPECT_EQ(StateOf(Editor, "FileNameBox"), PathOf("new.fbwm"));
+    // The wheel: up and down, and sideways with the shift key.
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier, Qt::ShiftModifier}) {
+        QWheelEvent event(QPointF(300, 300), WindowOf(Editor).mapToGlobal(QPointF(300, 300)), {}, {0, -120},
+                          Qt::NoButton, modifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&WindowOf(Editor), &event);
+    }
+    EXPECT_EQ(StatesOf(Editor, {"MapXScroll", "MapYScroll"}), (Texts{"2 of 22", "1 of 15"}));
 }
 
 TEST_F(WorldFrmTest, ClosingAsksAboutChangesButAlwaysCloses) {
