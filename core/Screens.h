@@ -5,7 +5,7 @@
 #include "platform/Int16.h"
 
 // The door between screens: every way in which one module reaches a screen that it may not include.
-// Screens.cpp defines these in a line or two each; a test links a double in its place.
+// Screens.cpp defines these in a few lines each; a test links a double in its place.
 //
 // Only Load... and Open... make a screen, a side screen only above a loaded one. All others act on a loaded screen, and
 // else do nothing: a screen that its user has closed meanwhile does not come back.

@@ -90,6 +90,11 @@ void ClickPalette(int mode, int first, const char* cell) {
     ClickOn(Editor, cell);
 }
 
+void ClickNegativeFavorite() {
+    PrefsRecord.WorldFavorites[4] = -1;
+    ClickPalette(1, 1, "TileImg(0)");
+}
+
 struct FatalAction {
     const char* what;
     std::function<void(const std::string& folder)> act;  ///< `folder` is the test's own, empty at first
@@ -120,8 +125,7 @@ const FatalAction Actions[]{
     {"background that is no picture", [](auto& path) { ChooseTextAsBackground(path); }, InvalidPicture},
     {"a palette cell behind the world tiles", [](auto&) { ClickPalette(0, 12, "TileImg(28)"); }, SubscriptOutOfRange},
     {"an empty world favorite", [](auto&) { ClickPalette(1, 1, "TileImg(0)"); }, SubscriptOutOfRange},
-    {"a negative world favorite", [](auto&) { PrefsRecord.WorldFavorites[4] = -1, ClickPalette(1, 1, "TileImg(0)"); },
-     SubscriptOutOfRange},
+    {"a negative world favorite", [](auto&) { ClickNegativeFavorite(); }, SubscriptOutOfRange},
     {"64 links", [](auto&) { Show64Links(); }, SubscriptOutOfRange},
     {"link x beyond 16 bits", [](auto&) { TypeLinkX("32768"); }, Overflow},
     {"world start emptied", [](auto&) { InWorldProperties("StartXBox", ""); }, TypeMismatch},
