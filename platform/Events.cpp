@@ -7,7 +7,6 @@
 #include <QWidget>
 #include <algorithm>
 #include <chrono>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -182,12 +181,9 @@ void ScreenClosed(const Screen& screen) {
 }
 
 QWidget* FrontWindow() {
-    for (const LoadedScreen& loaded : std::views::reverse(screens)) {
-        if (loaded.screen->Window().isVisible()) {
-            return &loaded.screen->Window();
-        }
-    }
-    return nullptr;
+    const auto front = std::find_if(screens.rbegin(), screens.rend(),
+                                    [](const LoadedScreen& loaded) { return loaded.screen->Window().isVisible(); });
+    return front != screens.rend() ? &front->screen->Window() : nullptr;
 }
 
 bool TakesInput(const QWidget& widget) {

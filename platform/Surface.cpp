@@ -10,7 +10,6 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 #include "platform/Controls.h"
@@ -199,14 +198,12 @@ bool Surface::IsShown(const ImageCell& cell) const {
 }
 
 const QWidget* Surface::ContainerAt(QPoint position) const {
-    for (const Container* frame : std::views::reverse(frames_)) {
+    const auto front = std::find_if(frames_.rbegin(), frames_.rend(), [&](const Container* frame) {
         const QWidget* widget = frame->ContainerWidget();
-        if (!widget->isHidden() &&
-            AreaIn(widget, *this, {0, 0, widget->width(), widget->height()}).contains(position)) {
-            return widget;
-        }
-    }
-    return this;
+        const Place whole{0, 0, widget->width(), widget->height()};
+        return !widget->isHidden() && AreaIn(widget, *this, whole).contains(position);
+    });
+    return front != frames_.rend() ? (*front)->ContainerWidget() : this;
 }
 
 template <typename Takes>
