@@ -7,9 +7,12 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
+#include <ranges>
 
 #include "platform/Application.h"
 #include "platform/Pictures.h"
+#include "sidescreens/HelpFrm.h"
 #include "world/WorldReader.h"
 
 namespace {
@@ -34,15 +37,45 @@ Surface* Find(const std::string& screen) {
     return nullptr;
 }
 
-QPoint PointIn(const std::string& screen, const std::string& cell, QPoint at) {
-    return WindowOf(screen).AreaOf(CellOf(screen, cell)).topLeft() + at;
+/// A point of a cell that can be seen and is covered by nothing that takes the mouse.
+QPoint PointIn(const std::string& screen, const std::string& name, QPoint at) {
+    const Surface& window = WindowOf(screen);
+    const ImageCell& cell = CellOf(screen, name);
+    const QRect area = window.AreaOf(cell);
+    const QPoint point = area.topLeft() + at;
+    const QWidget* above = window.childAt(point);
+    if (!window.IsShown(cell) ||
+        (above != nullptr && !(above->inherits("QGroupBox") && above->geometry().contains(area)))) {
+        throw std::runtime_error(screen + "'s " + name + " is hidden or covered");
+    }
+    const auto takes = [](const ImageCell& c) { return c.MouseDown || c.Click; };
+    for (const ImageCell* front : std::views::reverse(window.Cells())) {
+        if (front == &cell || !takes(cell)) {
+            break;
+        }
+        if (window.IsShown(*front) && takes(*front) && window.AreaOf(*front).contains(point)) {
+            throw std::runtime_error(screen + "'s " + name + " is covered by " + front->Name());
+        }
+    }
+    return point;
+}
+
+/// A control that a hand can use.
+template <typename Widget = QWidget>
+Widget& UsableControl(const std::string& screen, const std::string& name) {
+    auto& control = ControlOf<Widget>(screen, name);
+    if (!control.isVisible() || !control.isEnabled()) {
+        throw std::runtime_error(screen + "'s " + name + " is hidden or disabled");
+    }
+    return control;
 }
 
 }  // namespace
 
 void ScreenTest::SetUp() {
     FreshTest::SetUp();
-    WorldMapsFolder = folder.string();
+    HelpText.clear();
+    WorldMapsFolder = LevelsFolder = MusicFolder = BackgroundFolder = folder.string();
 }
 
 void ScreenTest::TearDown() {
@@ -181,11 +214,14 @@ void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton
         QTest::mouseClick(&window, button, Qt::NoModifier, PointIn(screen, name, at));
         return;
     }
-    auto& control = ControlOf<QWidget>(screen, name);
+    auto& control = UsableControl(screen, name);
     // An option or a check box answers to a click on its mark, not to one on the blank space behind it.
     const bool marked = control.inherits("QRadioButton") || control.inherits("QCheckBox");
-    QTest::mouseClick(&control, button, Qt::NoModifier,
-                      marked ? QPoint(8, control.height() / 2) : control.rect().center());
+    const QPoint point = marked ? QPoint(8, control.height() / 2) : control.rect().center();
+    if (const QWidget* there = window.childAt(control.mapTo(&window, point)); there != &control) {
+        throw std::runtime_error(screen + "'s " + name + " is covered");
+    }
+    QTest::mouseClick(&control, button, Qt::NoModifier, point);
 }
 
 void RightClickOn(const std::string& screen, const std::string& name) { ClickOn(screen, name, Qt::RightButton); }
@@ -204,25 +240,31 @@ std::string MoveOverCell(const std::string& screen, const std::string& cell, QPo
 }
 
 void Type(const std::string& screen, const std::string& name, const std::string& text) {
-    QTest::keyClicks(&ControlOf<QWidget>(screen, name), QString::fromStdString(text));
+    QTest::keyClicks(&UsableControl(screen, name), QString::fromStdString(text));
 }
 
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text) {
-    ControlOf<QLineEdit>(screen, name).selectAll();
+    UsableControl<QLineEdit>(screen, name).selectAll();
     Type(screen, name, text);
 }
 
 void PasteInto(const std::string& screen, const std::string& name, const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-    ControlOf<QLineEdit>(screen, name).paste();
+    UsableControl<QLineEdit>(screen, name).paste();
 }
 
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key) {
-    QTest::keyClick(&ControlOf<QWidget>(screen, name), key);
+    QTest::keyClick(&UsableControl(screen, name), key);
 }
 
 void ScrollTo(const std::string& screen, const std::string& name, int value) {
-    ControlOf<QScrollBar>(screen, name).setValue(value);
+    auto& bar = UsableControl<QScrollBar>(screen, name);
+    if (value < bar.minimum() || value > bar.maximum()) {
+        throw std::runtime_error(screen + "'s " + name + " ends before " + std::to_string(value));
+    }
+    bar.setSliderDown(true);
+    bar.setSliderPosition(value);
+    bar.setSliderDown(false);
 }
 
 void CloseScreen(const std::string& screen) {
@@ -234,7 +276,13 @@ void DeliverEvents() { QCoreApplication::processEvents(); }
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    // The same everywhere: no display, no scaling, no locale of the user's.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", "1");
+    for (const char* variable : {"QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_ENABLE_HIGHDPI_SCALING"}) {
+        qunsetenv(variable);
+    }
+    qputenv("LC_ALL", "C.UTF-8");
     const QApplication application(argc, argv);
     PrepareToolkit();
     return RUN_ALL_TESTS();

@@ -12,7 +12,8 @@
 #include "tests/Support.h"
 
 // Drives the real screens as a user's hand and eye would, on the toolkit's offscreen platform. Controls and
-// cells are found by their names, such as "GridCheck" or "Img(17)", in the screen of the given name.
+// cells are found by their names, such as "GridCheck" or "Img(17)", in the screen of the given name. What no hand can
+// do throws: use of what is hidden, covered or disabled.
 
 inline constexpr const char* Main = "MainFrm";
 inline constexpr const char* Editor = "WorldFrm";
@@ -82,7 +83,7 @@ void TypeInto(const std::string& screen, const std::string& name, const std::str
 void PasteInto(const std::string& screen, const std::string& name, const std::string& text);
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key);
 
-/// Moves a scroll bar as a click on one of its arrows would.
+/// Drags the thumb of a scroll bar to a value and lets go.
 void ScrollTo(const std::string& screen, const std::string& name, int value);
 
 /// Asks a screen to close as its close box does, and delivers what waits in the event queue.

@@ -56,12 +56,15 @@ void ResetState() {
     UseDosLineEnds();
 }
 
+void StartProgram() { Main(); }
+
 void FreshTest::SetUp() {
     std::string pattern = std::filesystem::temp_directory_path() / "fb_editor_XXXXXX";
     ASSERT_NE(mkdtemp(pattern.data()), nullptr);
     folder = pattern;
+    ProgramFolder = folder.string();
     ResetState();
-    ProgramFolder = UserLevelsFolder = folder.string();
+    UserLevelsFolder = folder.string();
 }
 
 void FreshTest::TearDown() {
