@@ -31,7 +31,7 @@ TEST_F(MainFrmTest, SpritesAndFramesKeepTheirPlaces) {
     const auto layerFrame = [] { return WindowOf(Main).grab(QRect(633, 70, 30, 60)).toImage(); };
     const QImage withoutSprite = layerFrame();
     ClickOn(Main, "ModeOption(1)");
-    ASSERT_EQ(StateOf(Main, "BGImg(0)"), "shown");
+    ASSERT_TRUE(WindowOf(Main).IsShown(CellOf(Main, "BGImg(0)")));
     EXPECT_EQ(layerFrame(), withoutSprite);
     // One that has lost its bad guy, or is hidden while a button holds it, is silent.
     PressCell(Main, "BGImg(0)", {5, 5});

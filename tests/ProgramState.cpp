@@ -59,11 +59,8 @@ void Add(std::vector<Field>& fields, const char* owner, const char* name, V* val
     }
 }
 
-std::vector<Field> Fields() {
-    std::vector<Field> fields;
+void AddLevel(std::vector<Field>& fields) {
     Level& l = LevelRecord;
-    Preferences& p = PrefsRecord;
-    World& w = WorldRecord;
     Add(fields, "level", "LevelComment", &l.LevelComment, "version", &l.version, "author", &l.author, "name", &l.name,
         "width", &l.width, "height", &l.height, "start_pos_x", &l.start_pos_x, "start_pos_y", &l.start_pos_y,
         "background", &l.background, "music", &l.music, "bkgd_red_top", &l.bkgd_red_top, "bkgd_green_top",
@@ -72,34 +69,6 @@ std::vector<Field> Fields() {
         "hor_autoscroll_speed", &l.hor_autoscroll_speed, "time", &l.time, "gravity", &l.gravity, "particle_system",
         &l.particle_system, "theme", &l.theme, "back_scrolling", &l.back_scrolling, "EndComment", &l.EndComment,
         "ResetPointCount", &l.ResetPointCount, "BadGuyCount", &l.BadGuyCount);
-    Add(fields, "prefs", "LevelPath", &p.LevelPath, "SavedTile", &p.SavedTile, "SavedLayer", &p.SavedLayer, "SavedMode",
-        &p.SavedMode, "SavedObject", &p.SavedObject, "WorldPath", &p.WorldPath, "SavedWorldMode", &p.SavedWorldMode,
-        "SavedWorldX", &p.SavedWorldX, "SavedWorldY", &p.SavedWorldY, "SavedScroll", &p.SavedScroll, "GridState",
-        &p.GridState, "InfoPath", &p.InfoPath, "AutoState", &p.AutoState, "SavedTileSet", &p.SavedTileSet,
-        "DefaultAuthor", &p.DefaultAuthor, "AddEndState", &p.AddEndState, "ResetState", &p.ResetState, "IglooState",
-        &p.IglooState, "FloorTile", &p.FloorTile, "WorldAutoComplete", &p.WorldAutoComplete);
-    Add(fields, "world", "name", &w.name, "music", &w.music, "start_pos_x", &w.start_pos_x, "start_pos_y",
-        &w.start_pos_y, "width", &w.width, "height", &w.height, "LinkCount", &w.LinkCount, "CommentCount",
-        &w.CommentCount);
-    Add(fields, "selections", "CurrentInfo.comment", &CurrentInfo.comment, "CurrentInfo.title", &CurrentInfo.title,
-        "CurrentInfo.description", &CurrentInfo.description, "NewInfo.title", &NewInfo.title, "NewInfo.description",
-        &NewInfo.description, "LevelLoaded", &LevelLoaded, "InfoCreated", &InfoCreated, "WorldLoaded", &WorldLoaded,
-        "NewWorldPending", &NewWorldPending, "WorldChanged", &WorldChanged, "LastMsgResult", &LastMsgResult,
-        "CurrentTile", &CurrentTile, "CurrentLayer", &CurrentLayer, "CurrentMode", &CurrentMode, "CurrentTileSet",
-        &CurrentTileSet, "CurrentObject", &CurrentObject, "SelectedBadGuy", &SelectedBadGuy, "WorldReadError",
-        &WorldReadError, "WorldCurrentTile", &WorldCurrentTile, "CurrentLink", &CurrentLink, "LinkTypeChoice",
-        &LinkTypeChoice);
-    Add(fields, "folders", "UserLevelsFolder", &UserLevelsFolder);
-    const std::pair<const char*, std::span<Int16>> arrays[] = {{"ScreenLeft", p.ScreenLeft},
-                                                               {"ScreenTop", p.ScreenTop},
-                                                               {"FavoritesA", p.FavoritesA},
-                                                               {"FavoritesB", p.FavoritesB},
-                                                               {"WorldFavorites", p.WorldFavorites}};
-    for (const auto& [name, numbers] : arrays) {
-        for (std::size_t i = 0; i < numbers.size(); ++i) {
-            AddEntry(fields, "prefs", name, static_cast<int>(i), "", &numbers[i]);
-        }
-    }
     for (int i = 0; i < BadGuyTypes; ++i) {
         AddEntry(fields, "level", "CountInUse", i, "", &Element(BadGuyTypeTable, i).CountInUse);
     }
@@ -111,6 +80,33 @@ std::vector<Field> Fields() {
         AddEntry(fields, "level", "objects", i, "kind", &b.kind, "name", &b.name, "x", &b.x, "y", &b.y, "stay",
                  &b.stay_on_platform);
     }
+}
+
+void AddPreferences(std::vector<Field>& fields) {
+    Preferences& p = PrefsRecord;
+    Add(fields, "prefs", "LevelPath", &p.LevelPath, "SavedTile", &p.SavedTile, "SavedLayer", &p.SavedLayer, "SavedMode",
+        &p.SavedMode, "SavedObject", &p.SavedObject, "WorldPath", &p.WorldPath, "SavedWorldMode", &p.SavedWorldMode,
+        "SavedWorldX", &p.SavedWorldX, "SavedWorldY", &p.SavedWorldY, "SavedScroll", &p.SavedScroll, "GridState",
+        &p.GridState, "InfoPath", &p.InfoPath, "AutoState", &p.AutoState, "SavedTileSet", &p.SavedTileSet,
+        "DefaultAuthor", &p.DefaultAuthor, "AddEndState", &p.AddEndState, "ResetState", &p.ResetState, "IglooState",
+        &p.IglooState, "FloorTile", &p.FloorTile, "WorldAutoComplete", &p.WorldAutoComplete);
+    const std::pair<const char*, std::span<Int16>> arrays[] = {{"ScreenLeft", p.ScreenLeft},
+                                                               {"ScreenTop", p.ScreenTop},
+                                                               {"FavoritesA", p.FavoritesA},
+                                                               {"FavoritesB", p.FavoritesB},
+                                                               {"WorldFavorites", p.WorldFavorites}};
+    for (const auto& [name, numbers] : arrays) {
+        for (std::size_t i = 0; i < numbers.size(); ++i) {
+            AddEntry(fields, "prefs", name, static_cast<int>(i), "", &numbers[i]);
+        }
+    }
+}
+
+void AddWorld(std::vector<Field>& fields) {
+    World& w = WorldRecord;
+    Add(fields, "world", "name", &w.name, "music", &w.music, "start_pos_x", &w.start_pos_x, "start_pos_y",
+        &w.start_pos_y, "width", &w.width, "height", &w.height, "LinkCount", &w.LinkCount, "CommentCount",
+        &w.CommentCount);
     for (int i = 0; i <= w.comments.Last(); ++i) {
         AddEntry(fields, "world", "comments", i, "", &w.comments[i]);
     }
@@ -121,6 +117,22 @@ std::vector<Field> Fields() {
                  "down", &k.apply_action_down, "left", &k.apply_action_left, "right", &k.apply_action_right, "x", &k.x,
                  "y", &k.y, "dest_x", &k.dest_x, "dest_y", &k.dest_y);
     }
+}
+
+std::vector<Field> Fields() {
+    std::vector<Field> fields;
+    AddLevel(fields);
+    AddPreferences(fields);
+    AddWorld(fields);
+    Add(fields, "selections", "CurrentInfo.comment", &CurrentInfo.comment, "CurrentInfo.title", &CurrentInfo.title,
+        "CurrentInfo.description", &CurrentInfo.description, "NewInfo.title", &NewInfo.title, "NewInfo.description",
+        &NewInfo.description, "LevelLoaded", &LevelLoaded, "InfoCreated", &InfoCreated, "WorldLoaded", &WorldLoaded,
+        "NewWorldPending", &NewWorldPending, "WorldChanged", &WorldChanged, "LastMsgResult", &LastMsgResult,
+        "CurrentTile", &CurrentTile, "CurrentLayer", &CurrentLayer, "CurrentMode", &CurrentMode, "CurrentTileSet",
+        &CurrentTileSet, "CurrentObject", &CurrentObject, "SelectedBadGuy", &SelectedBadGuy, "WorldReadError",
+        &WorldReadError, "WorldCurrentTile", &WorldCurrentTile, "CurrentLink", &CurrentLink, "LinkTypeChoice",
+        &LinkTypeChoice);
+    Add(fields, "folders", "UserLevelsFolder", &UserLevelsFolder);
     return fields;
 }
 
@@ -154,28 +166,6 @@ std::pair<std::string, int> Split(const std::string& name, const std::string& su
     return bracket == std::string::npos
                ? std::pair(name + suffix, -1)
                : std::pair(name.substr(0, bracket) + suffix, std::stoi(name.substr(bracket + 1)));
-}
-
-std::string ShownBy(const QWidget& widget) {
-    QString text;
-    if (const auto* bar = qobject_cast<const QScrollBar*>(&widget)) {
-        text = QString("%1 of %2-%3").arg(bar->value()).arg(bar->minimum()).arg(bar->maximum());
-    } else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-        text = button->text() + (!button->isCheckable() ? "" : button->isChecked() ? " [x]" : " [ ]");
-    } else if (const auto* box = qobject_cast<const QLineEdit*>(&widget)) {
-        text = "\"" + box->text() + "\"";
-    } else if (const auto* area = qobject_cast<const QPlainTextEdit*>(&widget)) {
-        text = area->toPlainText();
-    } else if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
-        for (int row = 0; row < list->count(); ++row) {
-            text += (row == list->currentRow() ? ">" : "") + list->item(row)->text() + " ";
-        }
-    } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
-        text = group->title();
-    } else {
-        text = widget.accessibleName();
-    }
-    return (text + (widget.isEnabled() ? "" : " (disabled)")).toStdString();
 }
 
 StateOfOne StateOfScreen(const Surface& screen) {
@@ -261,6 +251,9 @@ std::string ChangesOfOne(const StateOfOne& before, const StateOfOne& after) {
 }  // namespace
 
 std::string OnOneLine(const std::string& text) {
+    if (text.starts_with(' ') || text.ends_with(' ')) {  // or nobody would see the blank
+        return "\"" + text + "\"";
+    }
     std::string line;
     for (const char c : text) {
         line += c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
@@ -268,6 +261,28 @@ std::string OnOneLine(const std::string& text) {
     return line.size() <= 300 ? line
                               : line.substr(0, 150) + "[...]" + line.substr(line.size() - 100) + " (" +
                                     std::to_string(line.size()) + " characters)";
+}
+
+std::string ShownBy(const QWidget& control) {
+    QString text;
+    if (const auto* bar = qobject_cast<const QScrollBar*>(&control)) {
+        text = QString("%1 of %2-%3").arg(bar->value()).arg(bar->minimum()).arg(bar->maximum());
+    } else if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
+        text = button->text() + (!button->isCheckable() ? "" : button->isChecked() ? " [x]" : " [ ]");
+    } else if (const auto* box = qobject_cast<const QLineEdit*>(&control)) {
+        text = "\"" + box->text() + "\"";
+    } else if (const auto* area = qobject_cast<const QPlainTextEdit*>(&control)) {
+        text = area->toPlainText();
+    } else if (const auto* list = qobject_cast<const QListWidget*>(&control)) {
+        for (int row = 0; row < list->count(); ++row) {
+            text += (row == list->currentRow() ? ">" : "") + list->item(row)->text() + " ";
+        }
+    } else if (const auto* group = qobject_cast<const QGroupBox*>(&control)) {
+        text = group->title();
+    } else {
+        text = control.accessibleName();
+    }
+    return (text + (control.isEnabled() ? "" : " (disabled)")).toStdString();
 }
 
 ProgramState CurrentState() {

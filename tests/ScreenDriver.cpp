@@ -1,17 +1,13 @@
 #include "tests/ScreenDriver.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
 #include <ranges>
 
 #include "platform/Application.h"
-#include "platform/Pictures.h"
 #include "sidescreens/HelpFrm.h"
 #include "world/WorldReader.h"
 
@@ -153,60 +149,9 @@ ImageCell& CellOf(const std::string& screen, const std::string& cell) {
     throw std::runtime_error(screen + " has no cell " + cell);
 }
 
-QPointF PlaceOf(const std::string& screen, const std::string& cell) {
-    return {CellOf(screen, cell).Left(), CellOf(screen, cell).Top()};
-}
-
-int TileAt(const std::string& screen, int column, int row) {
-    const Picture& shown = CellOf(screen, Img(column, row)).Shown();
-    const bool world = screen == Editor;
-    for (int tile = world ? 76 : 204; tile > 0; --tile) {
-        if (shown == (world ? WorldImages() : BlockImgList())[tile]) {
-            return tile;
-        }
-    }
-    return shown == Picture() ? 0 : -1;
-}
-
 std::string Member(const std::string& name, int index) { return name + "(" + std::to_string(index) + ")"; }
 
 std::string Img(int column, int row) { return Member("Img", column * 15 + row); }
-
-std::string StateOf(const std::string& screen, const std::string& name) {
-    if (const ImageCell* cell = WindowOf(screen).FindCell(name)) {
-        return WindowOf(screen).IsShown(*cell) ? "shown" : "hidden";
-    }
-    auto& control = ControlOf<QWidget>(screen, name);
-    if (!control.isVisible() || !control.isEnabled()) {
-        return control.isVisible() ? "disabled" : "hidden";
-    }
-    if (const auto* bar = qobject_cast<QScrollBar*>(&control)) {
-        return std::to_string(bar->value()) + " of " + std::to_string(bar->maximum());
-    }
-    if (const auto* button = qobject_cast<QAbstractButton*>(&control)) {
-        return !button->isCheckable() ? button->text().toStdString() : button->isChecked() ? "on" : "off";
-    }
-    if (const auto* box = qobject_cast<QLineEdit*>(&control)) {
-        return box->text().toStdString();
-    }
-    if (const auto* area = qobject_cast<QPlainTextEdit*>(&control)) {
-        return area->toPlainText().toStdString();
-    }
-    return control.inherits("QLabel") ? control.accessibleName().toStdString() : "shown";
-}
-
-Texts StatesOf(const std::string& screen, const Texts& names) {
-    Texts states;
-    for (const std::string& name : names) {
-        states.push_back(StateOf(screen, name));
-    }
-    return states;
-}
-
-std::string ToolTipOf(const std::string& screen, const std::string& name) {
-    const ImageCell* cell = WindowOf(screen).FindCell(name);
-    return cell != nullptr ? cell->ToolTip() : ControlOf<QWidget>(screen, name).toolTip().toStdString();
-}
 
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button, QPoint at) {
     Surface& window = WindowOf(screen);
@@ -236,7 +181,7 @@ void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at) 
 
 std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
     QTest::mouseMove(&WindowOf(screen), PointIn(screen, cell, at));
-    return ToolTipOf(screen, cell);
+    return CellOf(screen, cell).ToolTip();
 }
 
 void Type(const std::string& screen, const std::string& name, const std::string& text) {

@@ -43,10 +43,6 @@ void Type(const std::string& screen, const std::string& name, const std::string&
 [[nodiscard]] bool IsOpen(const std::string& screen);
 [[nodiscard]] Surface& WindowOf(const std::string& screen);
 [[nodiscard]] ImageCell& CellOf(const std::string& screen, const std::string& cell);
-[[nodiscard]] QPointF PlaceOf(const std::string& screen, const std::string& cell);
-
-/// The number of the tile that a cell of a map shows, 0 for none.
-[[nodiscard]] int TileAt(const std::string& screen, int column, int row);
 
 /// "Name(3)"; and the cell of a map at a column and row of the view.
 [[nodiscard]] std::string Member(const std::string& name, int index);
@@ -61,12 +57,6 @@ template <typename Widget>
     }
     return *widget;
 }
-
-/// What can be seen of a cell or control: "hidden", "disabled", "shown" (a cell, a frame), "on" or "off" (a
-/// check box or option), "5 of 22" (a scroll bar), or its text, whole even where the screen shortens it.
-[[nodiscard]] std::string StateOf(const std::string& screen, const std::string& name);
-[[nodiscard]] Texts StatesOf(const std::string& screen, const Texts& names);
-[[nodiscard]] std::string ToolTipOf(const std::string& screen, const std::string& name);
 
 /// Clicks a cell, `at` pixels from its corner, or a button, check box, option, label or toolbar button ("TB(7)").
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button = Qt::LeftButton,

@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "tests/ProgramState.h"
 #include "tests/ScreenDriver.h"
 
 // Where side screens stand, and the choice of a background.
@@ -97,9 +98,9 @@ TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
         PressKey(Picker, "ImageFiles", Qt::Key_Down);
         ClickOn(Picker, "OKCmd");
     });
-    EXPECT_EQ(LevelRecord.background + StateOf("VarsFrm", "BackgroundBox"), "back.jpgback.jpg");
+    EXPECT_EQ(LevelRecord.background + ShownBy(ControlOf<QWidget>("VarsFrm", "BackgroundBox")), "back.jpgback.jpg");
     ChooseBackground([] { ClickOn(Picker, "OKCmd"); });  // a new picker, that knows nothing of the click before
-    EXPECT_EQ(LevelRecord.background + StateOf("VarsFrm", "BackgroundBox"), "");
+    EXPECT_EQ(LevelRecord.background + ShownBy(ControlOf<QWidget>("VarsFrm", "BackgroundBox")), "");
     EXPECT_EQ(dialogs.fatalFault, std::nullopt);
     Store("xpng.txt", "no picture");
     ChooseBackground([] {

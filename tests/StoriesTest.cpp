@@ -1,5 +1,7 @@
 #include <QCoreApplication>
+#include <QImage>
 #include <QMetaEnum>
+#include <QPixmap>
 #include <QTimer>
 #include <QWheelEvent>
 #include <cstdlib>
@@ -31,6 +33,8 @@ public:
         const std::string word = Next();
         return word.empty() ? otherwise : std::stoi(word);
     }
+    /// By default the middle of a cell.
+    QPoint Point() { return QPoint{Number(16), Number(16)}; }
     std::string Rest() {
         std::string text;
         std::getline(rest_ >> std::ws, text);
@@ -41,15 +45,49 @@ private:
     std::istringstream rest_;
 };
 
-Qt::Key KeyNamed(const std::string& name) {
-    return static_cast<Qt::Key>(QMetaEnum::fromType<Qt::Key>().keyToValue(("Key_" + name).c_str()));
-}
-
 void Turn(const std::string& screen, const std::string& cell, QPoint angle, Qt::KeyboardModifiers modifiers) {
     Surface& window = WindowOf(screen);
     const QPoint at = window.AreaOf(CellOf(screen, cell)).center();
     QWheelEvent event(at, window.mapToGlobal(at), {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&window, &event);
+}
+
+Qt::Key KeyNamed(const std::string& name) {
+    return static_cast<Qt::Key>(QMetaEnum::fromType<Qt::Key>().keyToValue(("Key_" + name).c_str()));
+}
+
+using HandVerb = void (*)(const std::string& screen, const std::string& name, Words& words);
+
+/// What the user does to a control or cell of a screen: "click MainFrm Img(48)".
+const std::map<std::string, HandVerb> HandVerbs{
+    {"click", [](auto& screen, auto& name, Words& w) { ClickOn(screen, name, Qt::LeftButton, w.Point()); }},
+    {"right", [](auto& screen, auto& name, Words& w) { ClickOn(screen, name, Qt::RightButton, w.Point()); }},
+    {"press", [](auto& screen, auto& name, Words& w) { PressCell(screen, name, w.Point()); }},
+    {"release", [](auto& screen, auto& name, Words& w) { ReleaseCell(screen, name, w.Point()); }},
+    {"move", [](auto& screen, auto& name, Words& w) { MoveOverCell(screen, name, w.Point()); }},
+    {"type", [](auto& screen, auto& name, Words& w) { TypeInto(screen, name, w.Rest()); }},
+    {"write", [](auto& screen, auto& name, Words& w) { Type(screen, name, w.Rest()); }},
+    {"paste", [](auto& screen, auto& name, Words& w) { PasteInto(screen, name, w.Rest()); }},
+    {"key", [](auto& screen, auto& name, Words& w) { PressKey(screen, name, KeyNamed(w.Next())); }},
+    {"scroll", [](auto& screen, auto& name, Words& w) { ScrollTo(screen, name, w.Number()); }},
+    {"wheel",
+     [](auto& screen, auto& name, Words& w) {
+         const QPoint angle = w.Point();
+         Turn(screen, name, angle, w.Next() == "shift" ? Qt::ShiftModifier : Qt::NoModifier);
+     }},
+    {"tick",
+     [](auto& screen, auto& name, Words&) {
+         QMetaObject::invokeMethod(&ControlOf<QTimer>(screen, name), "timeout", Qt::DirectConnection);
+     }},
+    {"close", [](auto& screen, auto&, Words&) { CloseScreen(screen); }},
+};
+
+/// The map that a story means by its name.
+TileMap& MapNamed(const std::string& name) {
+    return name == "tiles"         ? WorldRecord.tiles
+           : name == "background"  ? LevelRecord.background_tm
+           : name == "interactive" ? LevelRecord.interactive_tm
+                                   : LevelRecord.foreground_tm;
 }
 
 class StoriesTest : public ScreenTest, public testing::WithParamInterface<std::string> {
@@ -80,129 +118,12 @@ protected:
 
     void Do(Words words) {
         const std::string verb = words.Next();
-        if (DoToProgram(verb, words)) {
+        if (const auto program = programVerbs_.find(verb); program != programVerbs_.end()) {
+            program->second(words);
             return;
         }
         const std::string screen = words.Next();
-        const std::string name = words.Next();
-        if (verb == "click" || verb == "right") {
-            const int x = words.Number(16);
-            ClickOn(screen, name, verb == "right" ? Qt::RightButton : Qt::LeftButton, {x, words.Number(16)});
-        } else if (verb == "press") {
-            PressCell(screen, name);
-        } else if (verb == "release") {
-            ReleaseCell(screen, name);
-        } else if (verb == "move") {
-            const int x = words.Number(16);
-            MoveOverCell(screen, name, {x, words.Number(16)});
-        } else if (verb == "ask") {  // a click that waits for another screen: what follows is done meanwhile
-            QTimer::singleShot(0, [this] {
-                TellChanges();
-                Tell();
-            });
-            ClickOn(screen, name);
-        } else if (verb == "type") {
-            TypeInto(screen, name, words.Rest());
-        } else if (verb == "write") {
-            Type(screen, name, words.Rest());
-        } else if (verb == "paste") {
-            PasteInto(screen, name, words.Rest());
-        } else if (verb == "key") {
-            PressKey(screen, name, KeyNamed(words.Next()));
-        } else if (verb == "scroll") {
-            ScrollTo(screen, name, words.Number());
-        } else if (verb == "wheel") {
-            const int x = words.Number();
-            const int y = words.Number();
-            Turn(screen, name, {x, y}, words.Next() == "shift" ? Qt::ShiftModifier : Qt::NoModifier);
-        } else if (verb == "tick") {
-            QMetaObject::invokeMethod(WindowOf(screen).findChild<QTimer*>(QString::fromStdString(name)), "timeout",
-                                      Qt::DirectConnection);
-        } else if (verb == "look") {  // what a cell's frame looks like, before its picture
-            Surface& window = WindowOf(screen);
-            const QColor corner = window.grab(window.AreaOf(CellOf(screen, name))).toImage().pixelColor(0, 0);
-            told_ += "    corner " + corner.name().toStdString() + "\n";
-        } else if (verb == "close") {
-            CloseScreen(screen);
-        } else {
-            FAIL() << "no such verb: " << verb;
-        }
-    }
-
-    /// What is no act of the user on a screen. False if it is one.
-    bool DoToProgram(const std::string& verb, Words& words) {
-        if (verb == "fresh") {
-            Restart();
-            before_ = CurrentState();
-        } else if (verb == "start") {
-            SavePreferences();
-            StartProgram();
-        } else if (verb == "open") {
-            OpenMain(0, words.Number());
-        } else if (verb == "level") {
-            MakeLevel(words.Number());
-            LevelPath = PathOf("level.fbl");
-            UpdateDisplay();
-        } else if (verb == "world") {
-            const int width = words.Number();
-            OpenWorld(width, words.Number());
-            UpdateWorld();
-        } else if (verb == "badguy") {
-            const int kind = words.Number();
-            const int x = words.Number();
-            const int y = words.Number();
-            AddBadGuy(
-                {kind, std::string(kind < BadGuyTypes ? Element(KeywordTable, kind) : "none"), x, y, words.Number()});
-            UpdateDisplay();
-        } else if (verb == "resetpoint") {
-            const int x = words.Number();
-            LevelRecord.ResetPointCount += 1;
-            LevelRecord.reset_points.Resize(LevelRecord.ResetPointCount);
-            LevelRecord.reset_points[LevelRecord.ResetPointCount] = {x, words.Number()};
-            UpdateDisplay();
-        } else if (verb == "link") {
-            const int x = words.Number();
-            const int y = words.Number();
-            AddLink(x, y, words.Number());
-        } else if (verb == "links") {
-            for (int left = words.Number(); left > 0; --left) {
-                AddLink(30, 20, LevelLink);
-            }
-        } else if (verb == "tile") {
-            const std::string layer = words.Next();
-            TileMap& map = layer == "tiles"         ? WorldRecord.tiles
-                           : layer == "background"  ? LevelRecord.background_tm
-                           : layer == "interactive" ? LevelRecord.interactive_tm
-                                                    : LevelRecord.foreground_tm;
-            const int x = words.Number();
-            const int y = words.Number();
-            map(x, y) = words.Number();
-        } else if (verb == "set") {
-            const std::string owner = words.Next();
-            const std::string name = words.Next();
-            SetState(owner, name, InFolder(words.Rest()));
-        } else if (verb == "redraw") {
-            UpdateDisplay();
-            UpdateWorld();
-        } else if (verb == "answer") {
-            dialogs.answers.push_back(words.Number());
-        } else if (verb == "input") {
-            dialogs.inputs.push_back(words.Rest());
-        } else if (verb == "file") {
-            dialogs.files.push_back(InFolder(words.Rest()));
-        } else if (verb == "store") {
-            const std::string name = words.Next();
-            std::string text = words.Rest();
-            for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos;) {
-                text.replace(at, 2, "\n");
-            }
-            Store(name, text);
-        } else if (verb == "folder") {
-            std::filesystem::create_directory(folder / words.Rest());
-        } else {
-            return false;
-        }
-        return true;
+        HandVerbs.at(verb)(screen, words.Next(), words);
     }
 
     void TellChanges() {
@@ -246,6 +167,94 @@ protected:
         return text.starts_with('~') ? folder.string() + text.substr(1) : text;
     }
 
+    /// What else can be done: to the program, to its records and files, and the answers to its next dialogs.
+    const std::map<std::string, std::function<void(Words&)>> programVerbs_{
+        {"fresh",
+         [this](Words&) {
+             Restart();
+             before_ = CurrentState();
+         }},
+        {"start",
+         [](Words&) {
+             SavePreferences();
+             StartProgram();
+         }},
+        {"open", [](Words& w) { OpenMain(0, w.Number()); }},
+        {"level",
+         [this](Words& w) {
+             MakeLevel(w.Number());
+             LevelPath = PathOf("level.fbl");
+             UpdateDisplay();
+         }},
+        {"world",
+         [](Words& w) {
+             const int width = w.Number();
+             OpenWorld(width, w.Number());
+             UpdateWorld();
+         }},
+        {"badguy",
+         [](Words& w) {
+             const int kind = w.Number();
+             const std::string name(kind < BadGuyTypes ? Element(KeywordTable, kind) : "none");
+             AddBadGuy({kind, name, w.Number(), w.Number(), w.Number()});
+             UpdateDisplay();
+         }},
+        {"resetpoint",
+         [](Words& w) {
+             LevelRecord.ResetPointCount += 1;
+             LevelRecord.reset_points.Resize(LevelRecord.ResetPointCount);
+             LevelRecord.reset_points[LevelRecord.ResetPointCount] = {w.Number(), w.Number()};
+             UpdateDisplay();
+         }},
+        {"link",  // at x and y, of a type, so many
+         [](Words& w) {
+             const std::array<int, 3> numbers{w.Number(), w.Number(), w.Number()};
+             for (int left = w.Number(1); left > 0; --left) {
+                 AddLink(numbers[0], numbers[1], numbers[2]);
+             }
+         }},
+        {"tile",
+         [](Words& w) {
+             TileMap& map = MapNamed(w.Next());
+             const std::array<int, 2> place{w.Number(), w.Number()};
+             map(place[0], place[1]) = w.Number();
+         }},
+        {"set",
+         [this](Words& w) {
+             const std::array<std::string, 2> names{w.Next(), w.Next()};
+             SetState(names[0], names[1], InFolder(w.Rest()));
+         }},
+        {"redraw",
+         [](Words&) {
+             UpdateDisplay();
+             UpdateWorld();
+         }},
+        {"answer", [](Words& w) { dialogs.answers.push_back(w.Number()); }},
+        {"input", [](Words& w) { dialogs.inputs.push_back(w.Rest()); }},
+        {"file", [this](Words& w) { dialogs.files.push_back(InFolder(w.Rest())); }},
+        {"folder", [this](Words& w) { std::filesystem::create_directory(folder / w.Rest()); }},
+        {"store",
+         [this](Words& w) {
+             const std::string name = w.Next();
+             Store(name, QString::fromStdString(w.Rest()).replace("\\n", "\n").toStdString());
+         }},
+        {"ask",  // a click that waits for another screen: what follows, up to "done", is done meanwhile
+         [this](Words& w) {
+             QTimer::singleShot(0, [this] {
+                 TellChanges();
+                 Tell();
+             });
+             const std::string screen = w.Next();
+             ClickOn(screen, w.Next());
+         }},
+        {"look",  // what the corner of a cell looks like: its frame, or else its picture
+         [this](Words& w) {
+             const std::string screen = w.Next();
+             Surface& window = WindowOf(screen);
+             const QImage shown = window.grab(window.AreaOf(CellOf(screen, w.Next()))).toImage();
+             told_ += "    corner " + shown.pixelColor(0, 0).name().toStdString() + "\n";
+         }},
+    };
     std::vector<std::string> lines_;
     std::size_t next_ = 0;
     std::string told_;
