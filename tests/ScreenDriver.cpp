@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
 #include <ranges>
@@ -180,7 +181,11 @@ void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at) 
 }
 
 std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
-    QTest::mouseMove(&WindowOf(screen), PointIn(screen, cell, at));
+    Surface& window = WindowOf(screen);
+    const QPoint point = PointIn(screen, cell, at);
+    // The toolkit's own helper moves the pointer, and so meets whichever screen is in front there.
+    QMouseEvent event(QEvent::MouseMove, point, window.mapToGlobal(point), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &event);
     return CellOf(screen, cell).ToolTip();
 }
 
