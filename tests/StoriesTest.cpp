@@ -135,6 +135,9 @@ protected:
                                std::to_string(static_cast<int>(message.buttons)) + " " +
                                std::to_string(static_cast<int>(message.icon)) + "]");
         }
+        for (const std::string& question : dialogs.questions) {
+            happened.push_back("asked: " + question);
+        }
         for (const FileDialogSetup& dialog : dialogs.fileDialogs) {
             happened.push_back("asked for a file: " + dialog.filter + " in " + dialog.folder + ": " +
                                dialog.proposedName);
@@ -143,23 +146,38 @@ protected:
             happened.push_back("ended with fault " + std::to_string(static_cast<int>(*dialogs.fatalFault)));
         }
         dialogs.messages.clear();
+        dialogs.questions.clear();
         dialogs.fileDialogs.clear();
         dialogs.fatalFault.reset();
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-            const std::string path = std::filesystem::relative(entry.path(), folder).string();
-            const std::string text = entry.is_directory() ? "/" : FileText(entry.path());
-            if (auto& known = files_[path]; known != text) {
-                known = text;
+        const std::map<std::string, std::string> files = Files();
+        for (const auto& [path, text] : files) {
+            if (const auto known = files_.find(path); known == files_.end() || known->second != text) {
                 // The preferences hold paths, and are told as a record.
                 happened.push_back("wrote " + path + (path.ends_with("Preferences") ? "" : ": " + OnOneLine(text)));
             }
         }
+        for (const auto& [path, text] : files_) {
+            if (!files.contains(path)) {
+                happened.push_back("removed " + path);
+            }
+        }
+        files_ = files;
         for (std::string& line : happened) {
             for (std::size_t at = 0; (at = line.find(folder.string(), at)) != std::string::npos;) {
                 line.replace(at, folder.string().size(), "~");
             }
             told_ += "    " + line + "\n";
         }
+    }
+
+    /// The texts of all files in the test's folder, "/" for folders.
+    [[nodiscard]] std::map<std::string, std::string> Files() const {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+            const std::string path = std::filesystem::relative(entry.path(), folder).string();
+            files[path] = entry.is_directory() ? "/" : FileText(entry.path());
+        }
+        return files;
     }
 
     /// "~/a.fbl" as a path in the test's folder.
@@ -173,6 +191,7 @@ protected:
          [this](Words&) {
              Restart();
              before_ = CurrentState();
+             files_.clear();
          }},
         {"start",
          [](Words&) {
