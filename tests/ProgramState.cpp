@@ -225,7 +225,8 @@ std::string ChangesOfOne(const StateOfOne& before, const StateOfOne& after) {
     }
     std::string line;
     for (auto change = changes.begin(); change != changes.end();) {
-        const auto& [name, first] = change->first;
+        const std::string& name = change->first.first;
+        const int first = change->first.second;
         const std::string& value = change->second;
         int last = first;
         auto next = std::next(change);
@@ -256,7 +257,11 @@ std::string OnOneLine(const std::string& text) {
     }
     std::string line;
     for (const char c : text) {
-        line += c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
+        if (c == '\n' || c == '\r') {
+            line += c == '\n' ? "\\n" : "\\r";
+        } else {
+            line += c;
+        }
     }
     return line.size() <= 300 ? line
                               : line.substr(0, 150) + "[...]" + line.substr(line.size() - 100) + " (" +

@@ -6,7 +6,6 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
-#include <ranges>
 
 #include "platform/Application.h"
 #include "sidescreens/HelpFrm.h"
@@ -46,10 +45,9 @@ QPoint PointIn(const std::string& screen, const std::string& name, QPoint at) {
         throw std::runtime_error(screen + "'s " + name + " is hidden or covered");
     }
     const auto takes = [](const ImageCell& c) { return c.MouseDown || c.Click; };
-    for (const ImageCell* front : std::views::reverse(window.Cells())) {
-        if (front == &cell || !takes(cell)) {
-            break;
-        }
+    const std::vector<ImageCell*>& cells = window.Cells();
+    for (auto place = cells.rbegin(); takes(cell) && *place != &cell; ++place) {
+        const ImageCell* front = *place;
         if (window.IsShown(*front) && takes(*front) && window.AreaOf(*front).contains(point)) {
             throw std::runtime_error(screen + "'s " + name + " is covered by " + front->Name());
         }
