@@ -325,7 +325,8 @@ std::vector<std::string> Changes(const ProgramState& before, const ProgramState&
         const auto former = before.find(owner);
         const std::string line = ChangesOfOne(former == before.end() ? StateOfOne() : former->second, state);
         if (!line.empty()) {
-            lines.push_back(owner + ": " + line);
+            lines.push_back(owner);
+            lines.back().append(": ").append(line);
         }
     }
     return lines;

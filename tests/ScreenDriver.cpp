@@ -33,6 +33,11 @@ Surface* Find(const std::string& screen) {
     return nullptr;
 }
 
+/// For what no hand can do.
+[[noreturn]] void Refuse(const std::string& screen, const std::string& name, const std::string& why) {
+    throw std::runtime_error(screen + "'s " + name + " is " + why);
+}
+
 /// A point of a cell that can be seen and is covered by nothing that takes the mouse.
 QPoint PointIn(const std::string& screen, const std::string& name, QPoint at) {
     const Surface& window = WindowOf(screen);
@@ -42,14 +47,14 @@ QPoint PointIn(const std::string& screen, const std::string& name, QPoint at) {
     const QWidget* above = window.childAt(point);
     if (!window.IsShown(cell) ||
         (above != nullptr && !(above->inherits("QGroupBox") && above->geometry().contains(area)))) {
-        throw std::runtime_error(screen + "'s " + name + " is hidden or covered");
+        Refuse(screen, name, "hidden or covered");
     }
     const auto takes = [](const ImageCell& c) { return c.MouseDown || c.Click; };
     const std::vector<ImageCell*>& cells = window.Cells();
     for (auto place = cells.rbegin(); takes(cell) && *place != &cell; ++place) {
         const ImageCell* front = *place;
         if (window.IsShown(*front) && takes(*front) && window.AreaOf(*front).contains(point)) {
-            throw std::runtime_error(screen + "'s " + name + " is covered by " + front->Name());
+            Refuse(screen, name, "covered by " + front->Name());
         }
     }
     return point;
@@ -60,7 +65,7 @@ template <typename Widget = QWidget>
 Widget& UsableControl(const std::string& screen, const std::string& name) {
     auto& control = ControlOf<Widget>(screen, name);
     if (!control.isVisible() || !control.isEnabled()) {
-        throw std::runtime_error(screen + "'s " + name + " is hidden or disabled");
+        Refuse(screen, name, "hidden or disabled");
     }
     return control;
 }
@@ -163,7 +168,7 @@ void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton
     const bool marked = control.inherits("QRadioButton") || control.inherits("QCheckBox");
     const QPoint point = marked ? QPoint(8, control.height() / 2) : control.rect().center();
     if (const QWidget* there = window.childAt(control.mapTo(&window, point)); there != &control) {
-        throw std::runtime_error(screen + "'s " + name + " is covered");
+        Refuse(screen, name, "covered");
     }
     QTest::mouseClick(&control, button, Qt::NoModifier, point);
 }
@@ -208,7 +213,7 @@ void PressKey(const std::string& screen, const std::string& name, Qt::Key key) {
 void ScrollTo(const std::string& screen, const std::string& name, int value) {
     auto& bar = UsableControl<QScrollBar>(screen, name);
     if (value < bar.minimum() || value > bar.maximum()) {
-        throw std::runtime_error(screen + "'s " + name + " ends before " + std::to_string(value));
+        Refuse(screen, name, "too short for " + std::to_string(value));
     }
     bar.setSliderDown(true);
     bar.setSliderPosition(value);
