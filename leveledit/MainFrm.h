@@ -103,7 +103,6 @@ struct MainFrm {
     Int16 ShownResetIndex;  ///< the reset point that ResetImg shows, from 1
     Int16 ShownResetX;      ///< level pixels
     Int16 ShownResetY;
-    std::string LevelFolder;  ///< folder of the level last chosen in the open dialog
 
     // Opening and closing.
     void Load();

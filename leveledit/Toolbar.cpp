@@ -1,4 +1,3 @@
-#include "core/General.h"
 #include "core/Screens.h"
 #include "core/SharedState.h"
 #include "level/LevelReader.h"
@@ -41,7 +40,6 @@ void MainFrm::LoadPrefMap() {
 void MainFrm::LoadLevelDialog() {
     try {
         LevelPath = OpenFileDialog(LevelDialog());
-        LevelFolder = FolderOf(LevelPath);
         MapXScroll.SetValue(0);
         LoadPrefMap();
     } catch (const Fault&) {  // cancelled, or a failure that is not reported

@@ -13,6 +13,7 @@
 #include "platform/Screen.h"
 #include "platform/TextArea.h"
 #include "platform/TextCoding.h"
+#include "tests/ProgramState.h"
 #include "tests/ScreenDriver.h"
 
 // What the platform layer promises to the screens, shown on a screen made for it.
@@ -147,14 +148,14 @@ TEST_F(ControlsTest, FaultsOfHandlersReachTheTrapAroundTheSetter) {
 
 TEST_F(ControlsTest, CellsTakeTheMouseFromFrontToBack) {
     ClickOn(Name, "Cell(0)", Qt::LeftButton, {15, 5});
-    ClickOn(Name, "Cell(0)", Qt::LeftButton, {16, 5});  // here the other one lies over it
+    QTest::mouseClick(&WindowOf(Name), Qt::LeftButton, {}, {26, 15});  // here the other one lies over it
     ClickOn(Name, "Cell(2)", Qt::RightButton, {31, 31});
     EXPECT_EQ(Events(), (Texts{"Cell(0) down 1 at 15,5", "Cell(0) click", "Cell(1) down 1 at 0,5", "Cell(1) click",
                                "Cell(2) down 2 at 31,31"}));
     form->Cell[1].SetVisible(false);
     form->Group.SetVisible(false);
     ClickOn(Name, "Cell(0)", Qt::LeftButton, {16, 5});
-    ClickOn(Name, "Cell(2)");
+    QTest::mouseClick(&WindowOf(Name), Qt::LeftButton, {}, {226, 36});  // where Cell(2) is hidden
     PressCell(Name, "Cell(0)");
     ReleaseCell(Name, "Back", {80, 80});
     PressCell(Name, "Back", {80, 80});
@@ -173,7 +174,9 @@ TEST_F(ControlsTest, CellsTakeTheMouseFromFrontToBack) {
 
 TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     form->Window.SetEnabled(false);
-    ClickOn(Name, "Cell(0)");
+    ControlOf<QWidget>(Name, "Check").setFocus();  // which a click may take, as nobody hears of it
+    const ProgramState before = CurrentState();
+    ClickOn(Name, "Cell(0)", Qt::LeftButton, {3, 3});
     ClickOn(Name, "Check");
     TypeInto(Name, "Box", "x");
     QInputMethodEvent committed;
@@ -188,8 +191,7 @@ TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     ControlOf<QLineEdit>(Name, "Box").setText(QStringLiteral("x"));
     CloseScreen(Name);
     EXPECT_EQ(Events(), Texts());
-    EXPECT_EQ(StatesOf(Name, {"Check", "Option(1)", "Bar", "Box"}), (Texts{"off", "off", "0 of 20", ""}))
-        << "it looks as before";
+    EXPECT_EQ(CurrentState(), before) << "it looks as before";
     form->Window.SetEnabled(true);
     ClickOn(Name, "Check");
     EXPECT_EQ(Events(), Texts{"Check 1"});
@@ -343,7 +345,7 @@ TEST_F(ControlsTest, ARefreshKeepsTheCaretOfTheBoxThatIsTypedIn) {
 TEST_F(ControlsTest, AreasShowCrLfAsABreakAndOtherEndsAsSymbols) {
     using namespace std::string_literals;
     form->Area.SetText("a\r\nb\nc\rd\0e"s);
-    EXPECT_EQ(StateOf(Name, "Area"), "a\nb\u2193c\u2190d\u25CBe");
+    EXPECT_EQ(ShownBy(ControlOf<QWidget>(Name, "Area")), "a\nb\u2193c\u2190d\u25CBe");
     PressKey(Name, "Area", Qt::Key_Return);
     QTest::keyClick(&ControlOf<QWidget>(Name, "Area"), Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(form->Area.Text(), "\r\n\r\na\r\nb\nc\rd\0e"s);

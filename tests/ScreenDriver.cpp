@@ -1,15 +1,14 @@
 #include "tests/ScreenDriver.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
-#include <QPlainTextEdit>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
 
 #include "platform/Application.h"
-#include "platform/Pictures.h"
+#include "sidescreens/HelpFrm.h"
 #include "world/WorldReader.h"
 
 namespace {
@@ -34,15 +33,49 @@ Surface* Find(const std::string& screen) {
     return nullptr;
 }
 
-QPoint PointIn(const std::string& screen, const std::string& cell, QPoint at) {
-    return WindowOf(screen).AreaOf(CellOf(screen, cell)).topLeft() + at;
+/// For what no hand can do.
+[[noreturn]] void Refuse(const std::string& screen, const std::string& name, const std::string& why) {
+    throw std::runtime_error(screen + "'s " + name + " is " + why);
+}
+
+/// A point of a cell that can be seen and is covered by nothing that takes the mouse.
+QPoint PointIn(const std::string& screen, const std::string& name, QPoint at) {
+    const Surface& window = WindowOf(screen);
+    const ImageCell& cell = CellOf(screen, name);
+    const QRect area = window.AreaOf(cell);
+    const QPoint point = area.topLeft() + at;
+    const QWidget* above = window.childAt(point);
+    if (!window.IsShown(cell) ||
+        (above != nullptr && !(above->inherits("QGroupBox") && above->geometry().contains(area)))) {
+        Refuse(screen, name, "hidden or covered");
+    }
+    const auto takes = [](const ImageCell& c) { return c.MouseDown || c.Click; };
+    const std::vector<ImageCell*>& cells = window.Cells();
+    for (auto place = cells.rbegin(); takes(cell) && *place != &cell; ++place) {
+        const ImageCell* front = *place;
+        if (window.IsShown(*front) && takes(*front) && window.AreaOf(*front).contains(point)) {
+            Refuse(screen, name, "covered by " + front->Name());
+        }
+    }
+    return point;
+}
+
+/// A control that a hand can use.
+template <typename Widget = QWidget>
+Widget& UsableControl(const std::string& screen, const std::string& name) {
+    auto& control = ControlOf<Widget>(screen, name);
+    if (!control.isVisible() || !control.isEnabled()) {
+        Refuse(screen, name, "hidden or disabled");
+    }
+    return control;
 }
 
 }  // namespace
 
 void ScreenTest::SetUp() {
     FreshTest::SetUp();
-    WorldMapsFolder = folder.string();
+    HelpText.clear();
+    WorldMapsFolder = LevelsFolder = MusicFolder = BackgroundFolder = folder.string();
 }
 
 void ScreenTest::TearDown() {
@@ -120,60 +153,9 @@ ImageCell& CellOf(const std::string& screen, const std::string& cell) {
     throw std::runtime_error(screen + " has no cell " + cell);
 }
 
-QPointF PlaceOf(const std::string& screen, const std::string& cell) {
-    return {CellOf(screen, cell).Left(), CellOf(screen, cell).Top()};
-}
-
-int TileAt(const std::string& screen, int column, int row) {
-    const Picture& shown = CellOf(screen, Img(column, row)).Shown();
-    const bool world = screen == Editor;
-    for (int tile = world ? 76 : 204; tile > 0; --tile) {
-        if (shown == (world ? WorldImages() : BlockImgList())[tile]) {
-            return tile;
-        }
-    }
-    return shown == Picture() ? 0 : -1;
-}
-
 std::string Member(const std::string& name, int index) { return name + "(" + std::to_string(index) + ")"; }
 
 std::string Img(int column, int row) { return Member("Img", column * 15 + row); }
-
-std::string StateOf(const std::string& screen, const std::string& name) {
-    if (const ImageCell* cell = WindowOf(screen).FindCell(name)) {
-        return WindowOf(screen).IsShown(*cell) ? "shown" : "hidden";
-    }
-    auto& control = ControlOf<QWidget>(screen, name);
-    if (!control.isVisible() || !control.isEnabled()) {
-        return control.isVisible() ? "disabled" : "hidden";
-    }
-    if (const auto* bar = qobject_cast<QScrollBar*>(&control)) {
-        return std::to_string(bar->value()) + " of " + std::to_string(bar->maximum());
-    }
-    if (const auto* button = qobject_cast<QAbstractButton*>(&control)) {
-        return !button->isCheckable() ? button->text().toStdString() : button->isChecked() ? "on" : "off";
-    }
-    if (const auto* box = qobject_cast<QLineEdit*>(&control)) {
-        return box->text().toStdString();
-    }
-    if (const auto* area = qobject_cast<QPlainTextEdit*>(&control)) {
-        return area->toPlainText().toStdString();
-    }
-    return control.inherits("QLabel") ? control.accessibleName().toStdString() : "shown";
-}
-
-Texts StatesOf(const std::string& screen, const Texts& names) {
-    Texts states;
-    for (const std::string& name : names) {
-        states.push_back(StateOf(screen, name));
-    }
-    return states;
-}
-
-std::string ToolTipOf(const std::string& screen, const std::string& name) {
-    const ImageCell* cell = WindowOf(screen).FindCell(name);
-    return cell != nullptr ? cell->ToolTip() : ControlOf<QWidget>(screen, name).toolTip().toStdString();
-}
 
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button, QPoint at) {
     Surface& window = WindowOf(screen);
@@ -181,11 +163,14 @@ void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton
         QTest::mouseClick(&window, button, Qt::NoModifier, PointIn(screen, name, at));
         return;
     }
-    auto& control = ControlOf<QWidget>(screen, name);
+    auto& control = UsableControl(screen, name);
     // An option or a check box answers to a click on its mark, not to one on the blank space behind it.
     const bool marked = control.inherits("QRadioButton") || control.inherits("QCheckBox");
-    QTest::mouseClick(&control, button, Qt::NoModifier,
-                      marked ? QPoint(8, control.height() / 2) : control.rect().center());
+    const QPoint point = marked ? QPoint(8, control.height() / 2) : control.rect().center();
+    if (const QWidget* there = window.childAt(control.mapTo(&window, point)); there != &control) {
+        Refuse(screen, name, "covered");
+    }
+    QTest::mouseClick(&control, button, Qt::NoModifier, point);
 }
 
 void RightClickOn(const std::string& screen, const std::string& name) { ClickOn(screen, name, Qt::RightButton); }
@@ -199,30 +184,40 @@ void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at) 
 }
 
 std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
-    QTest::mouseMove(&WindowOf(screen), PointIn(screen, cell, at));
-    return ToolTipOf(screen, cell);
+    Surface& window = WindowOf(screen);
+    const QPoint point = PointIn(screen, cell, at);
+    // The toolkit's own helper moves the pointer, and so meets whichever screen is in front there.
+    QMouseEvent event(QEvent::MouseMove, point, window.mapToGlobal(point), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &event);
+    return CellOf(screen, cell).ToolTip();
 }
 
 void Type(const std::string& screen, const std::string& name, const std::string& text) {
-    QTest::keyClicks(&ControlOf<QWidget>(screen, name), QString::fromStdString(text));
+    QTest::keyClicks(&UsableControl(screen, name), QString::fromStdString(text));
 }
 
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text) {
-    ControlOf<QLineEdit>(screen, name).selectAll();
+    UsableControl<QLineEdit>(screen, name).selectAll();
     Type(screen, name, text);
 }
 
 void PasteInto(const std::string& screen, const std::string& name, const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-    ControlOf<QLineEdit>(screen, name).paste();
+    UsableControl<QLineEdit>(screen, name).paste();
 }
 
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key) {
-    QTest::keyClick(&ControlOf<QWidget>(screen, name), key);
+    QTest::keyClick(&UsableControl(screen, name), key);
 }
 
 void ScrollTo(const std::string& screen, const std::string& name, int value) {
-    ControlOf<QScrollBar>(screen, name).setValue(value);
+    auto& bar = UsableControl<QScrollBar>(screen, name);
+    if (value < bar.minimum() || value > bar.maximum()) {
+        Refuse(screen, name, "too short for " + std::to_string(value));
+    }
+    bar.setSliderDown(true);
+    bar.setSliderPosition(value);
+    bar.setSliderDown(false);
 }
 
 void CloseScreen(const std::string& screen) {
@@ -234,7 +229,13 @@ void DeliverEvents() { QCoreApplication::processEvents(); }
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    // The same everywhere: no display, no scaling, no locale of the user's.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", "1");
+    for (const char* variable : {"QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI", "QT_ENABLE_HIGHDPI_SCALING"}) {
+        qunsetenv(variable);
+    }
+    qputenv("LC_ALL", "C.UTF-8");
     const QApplication application(argc, argv);
     PrepareToolkit();
     return RUN_ALL_TESTS();

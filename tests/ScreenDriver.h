@@ -12,7 +12,8 @@
 #include "tests/Support.h"
 
 // Drives the real screens as a user's hand and eye would, on the toolkit's offscreen platform. Controls and
-// cells are found by their names, such as "GridCheck" or "Img(17)", in the screen of the given name.
+// cells are found by their names, such as "GridCheck" or "Img(17)", in the screen of the given name. What no hand can
+// do throws: use of what is hidden, covered or disabled.
 
 inline constexpr const char* Main = "MainFrm";
 inline constexpr const char* Editor = "WorldFrm";
@@ -42,10 +43,6 @@ void Type(const std::string& screen, const std::string& name, const std::string&
 [[nodiscard]] bool IsOpen(const std::string& screen);
 [[nodiscard]] Surface& WindowOf(const std::string& screen);
 [[nodiscard]] ImageCell& CellOf(const std::string& screen, const std::string& cell);
-[[nodiscard]] QPointF PlaceOf(const std::string& screen, const std::string& cell);
-
-/// The number of the tile that a cell of a map shows, 0 for none.
-[[nodiscard]] int TileAt(const std::string& screen, int column, int row);
 
 /// "Name(3)"; and the cell of a map at a column and row of the view.
 [[nodiscard]] std::string Member(const std::string& name, int index);
@@ -60,12 +57,6 @@ template <typename Widget>
     }
     return *widget;
 }
-
-/// What can be seen of a cell or control: "hidden", "disabled", "shown" (a cell, a frame), "on" or "off" (a
-/// check box or option), "5 of 22" (a scroll bar), or its text, whole even where the screen shortens it.
-[[nodiscard]] std::string StateOf(const std::string& screen, const std::string& name);
-[[nodiscard]] Texts StatesOf(const std::string& screen, const Texts& names);
-[[nodiscard]] std::string ToolTipOf(const std::string& screen, const std::string& name);
 
 /// Clicks a cell, `at` pixels from its corner, or a button, check box, option, label or toolbar button ("TB(7)").
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button = Qt::LeftButton,
@@ -82,7 +73,7 @@ void TypeInto(const std::string& screen, const std::string& name, const std::str
 void PasteInto(const std::string& screen, const std::string& name, const std::string& text);
 void PressKey(const std::string& screen, const std::string& name, Qt::Key key);
 
-/// Moves a scroll bar as a click on one of its arrows would.
+/// Drags the thumb of a scroll bar to a value and lets go.
 void ScrollTo(const std::string& screen, const std::string& name, int value);
 
 /// Asks a screen to close as its close box does, and delivers what waits in the event queue.

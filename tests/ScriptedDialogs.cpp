@@ -30,7 +30,10 @@ Int16 ShowMessage(const std::string& text, const std::string& title, MessageButt
     return Next(dialogs.answers).value_or(AnswerOk);
 }
 
-std::string InputBox(const std::string&, const std::string&) { return Next(dialogs.inputs).value_or(""); }
+std::string InputBox(const std::string& prompt, const std::string& title) {
+    dialogs.questions.push_back(title + ": " + prompt);
+    return Next(dialogs.inputs).value_or("");
+}
 
 std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 

@@ -20,6 +20,7 @@ struct ScriptedDialogs {
 
     std::vector<Message> messages;             ///< all message boxes shown
     std::deque<int> answers;                   ///< for the next message boxes; AnswerOk when used up
+    std::vector<std::string> questions;        ///< title and prompt of all input boxes shown
     std::deque<std::string> inputs;            ///< for the next input boxes; empty when used up
     std::vector<FileDialogSetup> fileDialogs;  ///< all file dialogs shown
     std::deque<std::string> files;             ///< for the next file dialogs; cancelled when used up

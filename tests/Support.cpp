@@ -57,11 +57,14 @@ void ResetState() {
     UseDosLineEnds();
 }
 
+void StartProgram() { Main(); }
+
 void FreshTest::SetUp() {
     folder = std::filesystem::temp_directory_path() / ("fb_editor_" + std::to_string(std::random_device{}()));
     ASSERT_TRUE(std::filesystem::create_directory(folder));
+    ProgramFolder = folder.string();
     ResetState();
-    ProgramFolder = UserLevelsFolder = folder.string();
+    UserLevelsFolder = folder.string();
 }
 
 void FreshTest::TearDown() {

@@ -26,6 +26,9 @@ void WriteFile(const std::filesystem::path& path, const std::string& text);
 /// Puts the whole process-wide state back to that of a first start, without reading or writing a file.
 void ResetState();
 
+/// The whole start, with the preferences that lie in ProgramFolder.
+void StartProgram();
+
 /// The number of the fault that `work` raises, if it does.
 template <typename Work>
 [[nodiscard]] std::optional<FaultNumber> FaultOf(Work work) {
