@@ -2,8 +2,6 @@
 
 #include "tests/ModelTest.h"
 
-namespace fs = std::filesystem;
-
 // New levels.
 
 namespace {
@@ -47,7 +45,7 @@ TEST_F(NewLevelTest, TakesTheFirstFreeNameOfTwoDigits) {
               (std::vector<Message>{{"User Terminated or\r\nDisk Error Occured!", "Floebird Level Creation Error",
                                      MessageButtons::Ok, MessageIcon::Stop}}));
     for (const char* separator : {"", "/"}) {  // the first one is not saved, so the second finds the same name
-        fs::remove(folder / "level42.fbl");
+        std::filesystem::remove(folder / "level42.fbl");
         EXPECT_TRUE(CreateNewLevel(folder.string() + separator));
         EXPECT_EQ(LevelPath, PathOf("level42.fbl"));
     }
