@@ -66,7 +66,7 @@ struct ProbeFrm {
         Check.Create(Window, "Check", {10, 150, 100, 20}, "Check");
         Check.Click = [this] { events.push_back("Check " + std::to_string(Check.Value())); };
         for (int i = 0; i < 2; ++i) {
-            Element(Option, i).Create(Group, Member("Option", i), {60, 20 + 20 * i, 80, 20}, "Option");
+            Element(Option, i).Create(Group, MemberName("Option", i), {60, 20 + 20 * i, 80, 20}, "Option");
             Element(Option, i).Click = [this, i] { events.push_back("Option " + std::to_string(i)); };
         }
         Bar.Create(Window, "Bar", {10, 180, 100, 17}, Direction::Horizontal, {.maximum = 20, .largeChange = 5});

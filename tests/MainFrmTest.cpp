@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <QTest>
 
+#include "platform/Controls.h"
 #include "tests/ScreenDriver.h"
 
 // What no story of MainFrm can tell: how its cells lie over each other, what tools are told, and the table of shapes.
@@ -103,7 +104,7 @@ TEST_F(MainFrmTest, ShapesKeepTheirGuards) {
     ScrollTo(Main, "MapXScroll", 3);
     const auto written = [](int layer, int starter, int x, int y) {
         MakeLevel(21);
-        ClickOn(Main, Member("LayerOption", layer));
+        ClickOn(Main, MemberName("LayerOption", layer));
         CurrentTile = starter;
         ClickOn(Main, Img(x - 3, y));
         const TileMap* maps[] = {&LevelRecord.background_tm, &LevelRecord.interactive_tm, &LevelRecord.foreground_tm};

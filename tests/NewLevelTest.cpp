@@ -3,8 +3,6 @@
 #include "platform/Files.h"
 #include "tests/ModelTest.h"
 
-namespace fs = std::filesystem;
-
 // New levels.
 
 namespace {
@@ -49,7 +47,7 @@ TEST_F(NewLevelTest, TakesTheFirstFreeNameOfTwoDigits) {
                                      MessageButtons::Ok, MessageIcon::Stop}}));
     // The first one is not saved, so the second finds the same name.
     for (const std::string_view separator : {std::string_view(), PathSeparator}) {
-        fs::remove(folder / "level42.fbl");
+        std::filesystem::remove(folder / "level42.fbl");
         EXPECT_TRUE(CreateNewLevel(folder.string().append(separator)));
         EXPECT_EQ(LevelPath, PathOf("level42.fbl"));
     }

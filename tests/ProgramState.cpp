@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <cstdlib>
 #include <span>
 #include <sstream>
 #include <variant>
@@ -30,7 +31,7 @@ struct Field {
     Value value;
 
     [[nodiscard]] std::string Name() const {
-        const std::string whole = index < 0 ? name : Member(name, index);
+        const std::string whole = index < 0 ? name : MemberName(name, index);
         return whole + (part.empty() ? "" : ".") + part;
     }
 
@@ -139,25 +140,22 @@ std::vector<Field> Fields() {
 /// The size, what most cells hold, and the other cells.
 void AddMap(StateOfOne& state, const std::string& name, const TileMap& map) {
     std::map<int, int> counts;
-    const auto each = [&](const auto& visit) {
-        for (int column = 0; column < map.Columns(); ++column) {
-            for (int row = 0; row < map.Rows(); ++row) {
-                visit(column, row, map(column, row));
-            }
-        }
-    };
-    each([&](int, int, int tile) { ++counts[tile]; });
+    const int cells = map.Columns() * map.Rows();
+    for (int i = 0; i < cells; ++i) {
+        ++counts[map(i % map.Columns(), i / map.Columns())];
+    }
     const auto most = std::ranges::max_element(counts, {}, [](const auto& entry) { return entry.second; });
     if (most == counts.end()) {
         return;
     }
     state[{name, -1}] =
         std::to_string(map.Columns()) + "x" + std::to_string(map.Rows()) + " of " + std::to_string(most->first);
-    each([&](int column, int row, int tile) {
-        if (tile != most->first) {
-            state[{name + " row " + std::to_string(row), column}] = std::to_string(tile);
+    for (int i = 0; i < cells; ++i) {
+        const std::div_t place = std::div(i, map.Columns());
+        if (const int tile = map(place.rem, place.quot); tile != most->first) {
+            state[{name + " row " + std::to_string(place.quot), place.rem}] = std::to_string(tile);
         }
-    });
+    }
 }
 
 /// "Img(48)" as "Img" and 48.

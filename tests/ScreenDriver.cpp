@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "platform/Application.h"
+#include "platform/Controls.h"
 #include "sidescreens/HelpFrm.h"
 #include "world/WorldReader.h"
 
@@ -153,9 +154,7 @@ ImageCell& CellOf(const std::string& screen, const std::string& cell) {
     throw std::runtime_error(screen + " has no cell " + cell);
 }
 
-std::string Member(const std::string& name, int index) { return name + "(" + std::to_string(index) + ")"; }
-
-std::string Img(int column, int row) { return Member("Img", column * 15 + row); }
+std::string Img(int column, int row) { return MemberName("Img", column * 15 + row); }
 
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button, QPoint at) {
     Surface& window = WindowOf(screen);

@@ -44,8 +44,7 @@ void Type(const std::string& screen, const std::string& name, const std::string&
 [[nodiscard]] Surface& WindowOf(const std::string& screen);
 [[nodiscard]] ImageCell& CellOf(const std::string& screen, const std::string& cell);
 
-/// "Name(3)"; and the cell of a map at a column and row of the view.
-[[nodiscard]] std::string Member(const std::string& name, int index);
+/// The name of the cell of a map at a column and row of the view.
 [[nodiscard]] std::string Img(int column, int row);
 
 /// The toolkit's widget of a control, such as ControlOf<QScrollBar>("MainFrm", "MapXScroll").

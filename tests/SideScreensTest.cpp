@@ -15,12 +15,6 @@ constexpr const char* Picker = "BackGndFrm";
 
 class SideScreensTest : public ScreenTest {
 protected:
-    void SetUp() override {
-        ScreenTest::SetUp();
-        OpenMain(120);
-        LevelPath = PathOf("level.fbl");
-    }
-
     /// Clicks BackgroundBox of VarsFrm, and does `actions` while it waits for the picker.
     template <typename Actions>
     static void ChooseBackground(Actions actions) {
@@ -42,6 +36,7 @@ TEST_F(SideScreensTest, EachOpensOverADeafMainFrmAndKeepsItsPlace) {
     for (const auto& [screen, button] : cases) {
         SCOPED_TRACE(screen);
         Restart();
+        OpenMain(120);
         ClickOn(Main, button);
         EXPECT_FALSE(WindowOf(Main).takesInput);
         WindowOf(screen).move(31, 47);
@@ -55,7 +50,7 @@ TEST_F(SideScreensTest, EachOpensOverADeafMainFrmAndKeepsItsPlace) {
 }
 
 TEST_F(SideScreensTest, BackgroundsAreListedPreviewedAndChosen) {
-    BackgroundFolder = folder.string();
+    OpenMain(120);
     QImage picture(64, 48, QImage::Format_RGB32);
     picture.fill(QColor(200, 30, 30));
     picture.save(QString::fromStdString(PathOf("back.jpg")));

@@ -5,13 +5,11 @@
 #include <QTimer>
 #include <QWheelEvent>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 #include "platform/Controls.h"
 #include "tests/ProgramState.h"
 #include "tests/ScreenDriver.h"
-#include "world/WorldReader.h"
 
 // Whole sessions, told in golden/stories: a line for each thing that is done, and indented below it all that it
 // changes, in the records and on the screens. With FB_RECORD_STORIES set, what happens is written down instead of
@@ -67,7 +65,6 @@ const std::map<std::string, HandVerb> HandVerbs{
     {"move", [](auto& screen, auto& name, Words& w) { MoveOverCell(screen, name, w.Point()); }},
     {"type", [](auto& screen, auto& name, Words& w) { TypeInto(screen, name, w.Rest()); }},
     {"write", [](auto& screen, auto& name, Words& w) { Type(screen, name, w.Rest()); }},
-    {"paste", [](auto& screen, auto& name, Words& w) { PasteInto(screen, name, w.Rest()); }},
     {"key", [](auto& screen, auto& name, Words& w) { PressKey(screen, name, KeyNamed(w.Next())); }},
     {"scroll", [](auto& screen, auto& name, Words& w) { ScrollTo(screen, name, w.Number()); }},
     {"wheel",
