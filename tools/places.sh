@@ -28,7 +28,7 @@ while read -r x y name; do places[$name]="$x $y"; done << 'END'
 89 634   Auto
 159 634  Show Reset Points
 525 634  Set Nuk Start Pos.
-600 640  A Blank Spot
+365 634  A Blank Spot
 120 23   Set: Title
 120 51   Set: Description
 308 87   Set: Create
