@@ -91,24 +91,6 @@ TEST_F(PreferencesTest, ShortFileIsReadAsFarAsItGoes) {
     }
 }
 
-TEST_F(PreferencesTest, ClampsOfTheSelectionsDifferOnPurpose) {
-    const struct {
-        Int16 Preferences::*saved;
-        Int16* selection;
-        std::vector<std::pair<int, int>> values;  ///< saved, restored
-    } cases[] = {{&Preferences::SavedLayer, &CurrentLayer, {{3, 3}, {4, 1}, {-1, -1}}},
-                 {&Preferences::SavedMode, &CurrentMode, {{2, 2}, {3, 0}, {-7, -7}}},
-                 {&Preferences::SavedObject, &CurrentObject, {{9, 9}, {10, -1}, {-2, -2}}},
-                 {&Preferences::SavedTileSet, &CurrentTileSet, {{2, 2}, {3, 0}, {-1, 0}}}};
-    for (const auto& [saved, selection, values] : cases) {
-        for (const auto& [value, restored] : values) {
-            PrefsRecord.*saved = value;
-            RestoreSelections();
-            EXPECT_EQ(*selection, restored) << "saved " << value;
-        }
-    }
-}
-
 /// A file that counts as read but holds no map ends every start, until the preferences go: the message says which.
 TEST_F(PreferencesTest, AFaultAtStartSaysWhatToDelete) {
     doubles.onLoadMainFrm = [] { throw Fault(FaultNumber::SubscriptOutOfRange); };
