@@ -14,15 +14,15 @@ struct LabelPlace {
 /// What is told about the bad guy, beside its picture.
 void MakeFacts(zBGEditFrm& form) {
     static constexpr LabelPlace Captions[]{
-        {&zBGEditFrm::IndexLabel, "IndexLabel", {98, 39, 92, 18}, "BadGuy Index #"},
+        {&zBGEditFrm::IndexLabel, "IndexLabel", {98, 39, 110, 18}, "BadGuy Index #"},
         {&zBGEditFrm::XLabel, "XLabel", {98, 62, 12, 18}, "X"},
-        {&zBGEditFrm::YLabel, "YLabel", {178, 62, 12, 18}, "Y"},
+        {&zBGEditFrm::YLabel, "YLabel", {196, 62, 12, 18}, "Y"},
     };
     static constexpr LabelPlace ReadOuts[]{
         {&zBGEditFrm::zNameBox, "zNameBox", {98, 16, 298, 18}},
-        {&zBGEditFrm::zBGNumBox, "zBGNumBox", {194, 39, 56, 18}},
+        {&zBGEditFrm::zBGNumBox, "zBGNumBox", {212, 39, 56, 18}},
         {&zBGEditFrm::zXBox, "zXBox", {114, 62, 56, 18}},
-        {&zBGEditFrm::zYBox, "zYBox", {194, 62, 56, 18}},
+        {&zBGEditFrm::zYBox, "zYBox", {212, 62, 56, 18}},
     };
     for (const LabelPlace& caption : Captions) {
         (form.*caption.label).Create(form.Window, caption.name, caption.place, caption.caption);
