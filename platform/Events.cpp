@@ -155,7 +155,10 @@ void RunHandler(const std::function<void()>& handler) {
     }
 }
 
-void ScreenLoaded(Screen& screen) { screens.push_back({&screen, Clock::now()}); }
+void ScreenLoaded(Screen& screen) {
+    lastScreenHasClosed = false;  // a handler on its way to its end may still open one
+    screens.push_back({&screen, Clock::now()});
+}
 
 void ScreenCameToFront(const Screen& screen) {
     if (const auto place = PlaceOf(screen); place != screens.end()) {
