@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <clocale>
 #include <csignal>
+#include <future>
 #include <memory>
 
 #include "platform/Accessibility.h"
@@ -17,6 +18,13 @@
 #include "platform/EventQueue.h"
 #include "platform/Events.h"
 #include "platform/Pictures.h"
+
+#ifdef FB_FONTCONFIG
+#include <fontconfig/fontconfig.h>
+#endif
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -44,9 +52,20 @@ int ScaleFactor(qreal wanted, QSize display) {
     return std::max(std::min(static_cast<int>(wanted), most), 1);
 }
 
+/// A third of a start goes into the list of the system's fonts. The toolkit asks for it with the first letter; it is
+/// read from now on, beside whatever is done until the result is dropped, which waits for its end.
+[[nodiscard]] std::future<void> ReadFontList() {
+#ifdef FB_FONTCONFIG
+    return std::async(std::launch::async, [] { FcInit(); });
+#else
+    return {};
+#endif
+}
+
 /// The toolkit, which knows the display, and so the scale factor, only once it is there. Where that one does not do, it
 /// is made once more.
 std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
+    const auto fontList = ReadFontList();
     auto application = std::make_unique<QApplication>(argc, argv);
     const qreal ratio = application->devicePixelRatio();
     const QSize display = QGuiApplication::primaryScreen()->geometry().size() * ratio;
@@ -78,6 +97,10 @@ void PrepareToolkit() {
 }
 
 int RunApplication(int argc, char** argv, const std::function<void()>& start) {
+#ifdef __GLIBC__
+    mallopt(M_ARENA_MAX, 1);  // the threads of the toolkit do too little for a heap of their own each
+#endif
+    qputenv("QT_NO_GLIB", "1");  // nothing here needs a second event loop below that of the toolkit
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QGuiApplication::setDesktopSettingsAware(false);
 #ifndef _WIN32

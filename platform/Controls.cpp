@@ -73,6 +73,10 @@ protected:
         }
     }
 
+    // That of the toolkit's label would make an editor of rich text for a selection that there never is.
+    void focusInEvent(QFocusEvent*) override { update(); }
+    void focusOutEvent(QFocusEvent*) override { update(); }
+
     void showEvent(QShowEvent* event) override {
         QLabel::showEvent(event);
         setFocusPolicy(label_.Click ? Qt::TabFocus : Qt::NoFocus);

@@ -8,7 +8,8 @@
 #endif
 
 asm(START_READ_ONLY_DATA
-    ".globl fb_pictures\n"
+    ".globl fb_pictures, fb_pictures_end\n"
     "fb_pictures: .incbin \"" FB_PICTURES
     "\"\n"
+    "fb_pictures_end:\n"
     ".text\n");

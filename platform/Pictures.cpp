@@ -11,7 +11,12 @@
 #include "platform/Files.h"
 #include "platform/SheetIndex.h"
 
+#if __has_include(<sys/mman.h>)
+#include <sys/mman.h>
+#endif
+
 extern "C" const SheetEntry fb_pictures[];  // and the pixels; in PictureData.cpp
+extern "C" const SheetEntry fb_pictures_end[];
 
 namespace {
 
@@ -102,6 +107,15 @@ const ImageList& WTBImages() {
 }
 
 Picture FixedPicture(std::string_view name) { return Picture(SheetOfScreen(name)); }
+
+void LetGoOfSheets() {
+#if __has_include(<sys/mman.h>)
+    const auto* start = static_cast<const char*>(static_cast<const void*>(fb_pictures));
+    const auto* end = static_cast<const char*>(static_cast<const void*>(fb_pictures_end));
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the call takes no const, and writes nothing
+    madvise(const_cast<char*>(start), static_cast<std::size_t>(end - start), MADV_DONTNEED);
+#endif
+}
 
 Picture PictureFromFile(const std::string& path, int width, int height) {
     const int file = FreeFileNumber();

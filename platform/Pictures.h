@@ -64,6 +64,10 @@ const ImageList& WTBImages();     ///< 6 of 24 by 23, the buttons of WorldFrm's 
 /// such sheet.
 [[nodiscard]] QImage SheetPixels(std::string_view name, int zoom);
 
+/// Takes the pixels of all sheets out of the process's memory. They stay in the system's cache of the program file, and
+/// what is painted next comes back by itself. Does nothing on a system that has no such call.
+void LetGoOfSheets();
+
 /// The picture in the file at `path`, at the size of `width` by `height` pixels at which it is shown. Fault 53 if there
 /// is none, 481 if the toolkit cannot read it, and those of OpenForInput.
 [[nodiscard]] Picture PictureFromFile(const std::string& path, int width, int height);

@@ -15,6 +15,7 @@
 #include "platform/Controls.h"
 #include "platform/Events.h"
 #include "platform/ImageCell.h"
+#include "platform/Pictures.h"
 #include "platform/TextCoding.h"
 
 namespace {
@@ -160,6 +161,7 @@ void Surface::paintEvent(QPaintEvent* event) {
             PaintCells(painter, event->rect(), widget);
         }
     }
+    LetGoOfSheets();
 }
 
 void Surface::PaintCells(QPainter& painter, const QRect& exposed, const QWidget* container) const {
