@@ -101,7 +101,8 @@ NumberedFile& Open(int number, const std::string& path, const char* mode) {
     if (path.empty() || path.find('\0') != std::string::npos) {
         throw Fault(FaultNumber::BadFileNumber);
     }
-    if (FolderExists(path)) {
+    // Opening a pipe would wait for its other end, and reading it for what may never come.
+    if (std::error_code ignored; FolderExists(path) || fs::is_fifo(HostPath(path), ignored)) {
         throw Fault(FaultNumber::PathFileAccessError);
     }
     auto file = std::make_unique<NumberedFile>();

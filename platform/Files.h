@@ -6,8 +6,8 @@
 #include <vector>
 
 // Files by number, as the readers and writers use them. Paths and contents are bytes (see HostPath). Every failure is a
-// fault: 53 no such file, 75 not to be opened (a folder, no right to it, no such folder above it: 76), 57
-// for an error of the device, 61 for a full disk, 67 when all numbers are taken.
+// fault: 53 no such file, 75 not to be opened (a folder, a pipe, no right to it; no such folder above it: 76),
+// 57 for an error of the device, 61 for a full disk, 67 when all numbers are taken.
 
 inline constexpr int FirstFileNumber = 1;
 inline constexpr int LastFileNumber = 511;

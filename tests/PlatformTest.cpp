@@ -1,3 +1,7 @@
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <cstdlib>
 
 #include "core/General.h"
@@ -116,6 +120,7 @@ TEST_F(FilesTest, WritesLeaveNothingOpenAndNothingBehind) {
                   {"/dev/full", FaultNumber::DiskFull},
 #ifndef _WIN32  // where too long a name is one of a missing folder
                   {PathOf(std::string(256, 'n')), FaultNumber::BadFileNumber},
+                  {(mkfifo(PathOf("pipe").c_str(), 0600), PathOf("pipe")), FaultNumber::PathFileAccessError},
 #endif
                   {"", FaultNumber::BadFileNumber}};
     for (const auto& [path, fault] : writes) {
