@@ -106,8 +106,11 @@ bring() {
     cp "$2/docs/FB_Editor.Help" "$work/"
 }
 
-start() {
-    "$work/FB_Editor" 2>> "$work/log" &
+launch() {  # [COMMAND...]: such as env, to be given the program
+    "$@" "$work/FB_Editor" 2>> "$work/log" &
     editor=$!
+}
+start() {  # [COMMAND...]
+    launch "$@"
     window 'FB_Editor V1.09'
 }
