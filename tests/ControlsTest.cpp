@@ -197,6 +197,25 @@ TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     EXPECT_EQ(Events(), Texts{"Check 1"});
 }
 
+TEST_F(ControlsTest, ToolsKnowCellsAndThePointerIsTheSameEverywhere) {
+    const auto* screen = QAccessible::queryAccessibleInterface(&WindowOf(Name));
+    form->Cell[0].SetPicture(BlockImgList()[26]);
+    Texts found;
+    for (int i = 0; i < screen->childCount(); ++i) {
+        const QAccessibleInterface* child = screen->child(i);
+        if (child->text(QAccessible::Name) == QLatin1String("Cell(0)")) {
+            found = {child->text(QAccessible::Value).toStdString(), std::to_string(child->rect().width())};
+            EXPECT_EQ(screen->indexOfChild(child), i);
+        }
+    }
+    EXPECT_EQ(found, (Texts{"26", "32"}));
+    const auto shape = [] { return ControlOf<QWidget>(Name, "Box").cursor().shape(); };
+    form->Window.SetPointer(FixedPicture("NukIcon"));
+    EXPECT_EQ(shape(), Qt::BitmapCursor);
+    form->Window.SetDefaultPointer();
+    EXPECT_EQ(shape(), Qt::IBeamCursor);
+}
+
 TEST_F(ControlsTest, ClosingRaisesUnloadOnceAndKeepsTheFormWhileItRuns) {
     Texts seen;
     form->onClick = [&] {

@@ -87,6 +87,14 @@ TEST_F(FormatPagesTest, Preferences) {
     std::filesystem::remove(path);
     SavePreferences();
     EXPECT_EQ(FileText(path), bytes);
+    // A text beyond the two bytes of its length leaves the file alone.
+    PrefsRecord.InfoPath.assign(65536, 'i');
+    EXPECT_EQ(FaultOf(SavePreferences), FaultNumber::Overflow);
+    EXPECT_EQ(FileText(path), bytes);
+    PrefsRecord.InfoPath.pop_back();
+    SavePreferences();
+    LoadPreferences();
+    EXPECT_EQ(PrefsRecord.InfoPath.size(), 65535U);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <cstdlib>
@@ -14,11 +15,15 @@
 
 #include "core/SharedState.h"
 #include "platform/Controls.h"
+#include "platform/Files.h"
 #include "platform/ImageCell.h"
 #include "platform/Surface.h"
 #include "tests/ScreenDriver.h"
 
 namespace {
+
+/// Owner of what is another text on each machine: can be set, but is not told.
+constexpr const char* Unseen = "machine";
 
 using Value = std::variant<Int16*, double*, std::string*>;
 
@@ -133,7 +138,9 @@ std::vector<Field> Fields() {
         &CurrentTileSet, "CurrentObject", &CurrentObject, "SelectedBadGuy", &SelectedBadGuy, "WorldReadError",
         &WorldReadError, "WorldCurrentTile", &WorldCurrentTile, "CurrentLink", &CurrentLink, "LinkTypeChoice",
         &LinkTypeChoice);
-    Add(fields, "folders", "UserLevelsFolder", &UserLevelsFolder);
+    Add(fields, "folders", "LevelsFolder", &LevelsFolder, "UserLevelsFolder", &UserLevelsFolder, "BackgroundFolder",
+        &BackgroundFolder, "MusicFolder", &MusicFolder, "WorldMapsFolder", &WorldMapsFolder);
+    Add(fields, Unseen, "LogonName", &LogonName);
     return fields;
 }
 
@@ -166,6 +173,8 @@ std::pair<std::string, int> Split(const std::string& name, const std::string& su
                : std::pair(name.substr(0, bracket) + suffix, std::stoi(name.substr(bracket + 1)));
 }
 
+std::string TextOf(QSize size) { return std::to_string(size.width()) + "x" + std::to_string(size.height()); }
+
 StateOfOne StateOfScreen(const Surface& screen) {
     StateOfOne state;
     const auto add = [&](const std::pair<std::string, int>& name, const std::string& value) {
@@ -174,14 +183,18 @@ StateOfOne StateOfScreen(const Surface& screen) {
         }
     };
     add({"title", -1}, screen.windowTitle().toStdString());
+    state[{"place", -1}] = std::to_string(screen.x()) + "," + std::to_string(screen.y()) + " " + TextOf(screen.size());
     add({"busy", -1}, screen.takesInput ? "" : "yes");
     add({"pointer", -1}, screen.cursor().shape() == Qt::ArrowCursor ? "" : std::to_string(screen.cursor().shape()));
     add({"focus", -1}, screen.focusWidget() == nullptr ? "" : screen.focusWidget()->objectName().toStdString());
     for (const QWidget* widget : screen.findChildren<const QWidget*>()) {
         const std::string name = widget->objectName().toStdString();
         if (!name.empty() && !name.starts_with("qt_") && widget->isVisibleTo(&screen)) {
-            add(Split(name), ShownBy(*widget));
+            const std::string shown = ShownBy(*widget);
+            const std::string forTools = widget->accessibleName().toStdString();
+            add(Split(name), shown);
             add(Split(name, " tip"), widget->toolTip().toStdString());
+            add(Split(name, " name"), shown.starts_with(forTools) ? "" : forTools);
         }
     }
     for (const ImageCell* cell : screen.Cells()) {
@@ -189,7 +202,8 @@ StateOfOne StateOfScreen(const Surface& screen) {
             continue;
         }
         const int number = cell->Shown().Number();
-        add(Split(cell->Name()), number > 0 ? std::to_string(number) : cell->Shown() == Picture() ? "" : "picture");
+        const QSize size = cell->Shown() == Picture() ? QSize() : cell->Shown().Pixmap()->size();
+        add(Split(cell->Name()), number > 0 ? std::to_string(number) : size.isEmpty() ? "" : "picture " + TextOf(size));
         add(Split(cell->Name(), " tip"), cell->ToolTip());
         std::ostringstream place;
         place << cell->Left() << "," << cell->Top();
@@ -253,10 +267,13 @@ std::string OnOneLine(const std::string& text) {
     if (text.starts_with(' ') || text.ends_with(' ')) {  // or nobody would see the blank
         return "\"" + text + "\"";
     }
+    const bool utf8 = QString::fromStdString(text).toStdString() == text;
     std::string line;
     for (const char c : text) {
         if (c == '\n' || c == '\r') {
             line += c == '\n' ? "\\n" : "\\r";
+        } else if (static_cast<unsigned char>(c) < ' ' || (c < 0 && !utf8)) {
+            line += "\\x" + QByteArray(1, c).toHex().toUpper().toStdString();
         } else {
             line += c;
         }
@@ -291,7 +308,7 @@ std::string ShownBy(const QWidget& control) {
 ProgramState CurrentState() {
     ProgramState state;
     for (const Field& field : Fields()) {
-        if (const std::string text = field.Text(); !text.empty() && field.owner != "folders") {
+        if (const std::string text = field.Text(); !text.empty() && field.owner != Unseen) {
             std::string& value = state[field.owner][{field.name, field.index}];
             value += field.part.empty() ? text : (value.empty() ? "" : " ") + field.part + " " + text;
         }
@@ -299,9 +316,10 @@ ProgramState CurrentState() {
     for (const char* record : {"prefs", "selections"}) {
         state[record];  // also when all of it is empty
     }
-    AddMap(state["level"], "background", LevelRecord.background_tm);
-    AddMap(state["level"], "interactive", LevelRecord.interactive_tm);
-    AddMap(state["level"], "foreground", LevelRecord.foreground_tm);
+    state["selections"][{"NextFileNumber", -1}] = std::to_string(FreeFileNumber());
+    AddMap(state["level"], "background_tm", LevelRecord.background_tm);
+    AddMap(state["level"], "interactive_tm", LevelRecord.interactive_tm);
+    AddMap(state["level"], "foreground_tm", LevelRecord.foreground_tm);
     AddMap(state["world"], "tiles", WorldRecord.tiles);
     for (const QWidget* widget : QApplication::topLevelWidgets()) {
         const auto* screen = dynamic_cast<const Surface*>(widget);

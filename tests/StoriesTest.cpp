@@ -1,7 +1,9 @@
 #include <QCoreApplication>
 #include <QImage>
+#include <QListWidget>
 #include <QMetaEnum>
 #include <QPixmap>
+#include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <cstdlib>
@@ -76,7 +78,14 @@ const std::map<std::string, HandVerb> HandVerbs{
      [](auto& screen, auto& name, Words&) {
          QMetaObject::invokeMethod(&ControlOf<QTimer>(screen, name), "timeout", Qt::DirectConnection);
      }},
+    {"choose",  // a row of a list
+     [](auto& screen, auto& name, Words& w) {
+         auto& list = ControlOf<QListWidget>(screen, name);
+         const auto found = list.findItems(QString::fromStdString(w.Rest()), Qt::MatchExactly);
+         QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(found.at(0)).center());
+     }},
     {"close", [](auto& screen, auto&, Words&) { CloseScreen(screen); }},
+    {"carry", [](auto& screen, auto&, Words& w) { WindowOf(screen).move(w.Point()); }},
 };
 
 /// The map that a story means by its name.
@@ -140,7 +149,8 @@ protected:
                                dialog.proposedName);
         }
         if (dialogs.fatalFault) {
-            happened.push_back("ended with fault " + std::to_string(static_cast<int>(*dialogs.fatalFault)));
+            happened.push_back("ended with fault " + std::to_string(static_cast<int>(*dialogs.fatalFault)) + " " +
+                               OnOneLine(dialogs.advice));
         }
         dialogs.messages.clear();
         dialogs.questions.clear();
@@ -150,7 +160,8 @@ protected:
         for (const auto& [path, text] : files) {
             if (const auto known = files_.find(path); known == files_.end() || known->second != text) {
                 // The preferences hold paths, and are told as a record.
-                happened.push_back("wrote " + path + (path.ends_with("Preferences") ? "" : ": " + OnOneLine(text)));
+                happened.push_back("wrote " + OnOneLine(path) +
+                                   (path.ends_with("Preferences") ? "" : ": " + OnOneLine(text)));
             }
         }
         for (const auto& [path, text] : files_) {
@@ -191,8 +202,10 @@ protected:
              files_.clear();
          }},
         {"start",
-         [](Words&) {
-             SavePreferences();
+         [](Words& w) {
+             if (w.Rest() != "as stored") {
+                 SavePreferences();
+             }
              StartProgram();
          }},
         {"open", [](Words& w) { OpenMain(0, w.Number()); }},
@@ -238,7 +251,7 @@ protected:
         {"set",
          [this](Words& w) {
              const std::array<std::string, 2> names{w.Next(), w.Next()};
-             SetState(names[0], names[1], InFolder(w.Rest()));
+             SetState(names[0], names[1], InFolder(Unescaped(w.Rest())));
          }},
         {"redraw",
          [](Words&) {
@@ -251,8 +264,21 @@ protected:
         {"folder", [this](Words& w) { std::filesystem::create_directory(folder / w.Rest()); }},
         {"store",
          [this](Words& w) {
-             const std::string name = w.Next();
-             Store(name, QString::fromStdString(w.Rest()).replace("\\n", "\n").toStdString());
+             const std::string name = Unescaped(w.Next());
+             Store(name, Unescaped(w.Rest()));
+         }},
+        {"levels",  // the first so many level names of a folder, taken
+         [this](Words& w) {
+             const std::string path = w.Next() + "level";
+             for (int left = w.Number(); left > 0; --left) {
+                 Store(path + std::to_string(left) + ".fbl", "x");
+             }
+         }},
+        {"remove", [this](Words& w) { std::filesystem::remove(folder / w.Rest()); }},
+        {"bytes",
+         [this](Words& w) {
+             const std::string bytes = FileText(folder / w.Next());
+             told_ += "    " + QByteArray::fromStdString(bytes).toHex().toStdString() + "\n";
          }},
         {"ask",  // a click that waits for another screen: what follows, up to "done", is done meanwhile
          [this](Words& w) {
@@ -263,12 +289,13 @@ protected:
              const std::string screen = w.Next();
              ClickOn(screen, w.Next());
          }},
-        {"look",  // what the corner of a cell looks like: its frame, or else its picture
+        {"look",  // what is seen at a point of a cell, or in its corner
          [this](Words& w) {
              const std::string screen = w.Next();
              Surface& window = WindowOf(screen);
              const QImage shown = window.grab(window.AreaOf(CellOf(screen, w.Next()))).toImage();
-             told_ += "    corner " + shown.pixelColor(0, 0).name().toStdString() + "\n";
+             const QPoint at{w.Number(), w.Number()};
+             told_ += "    seen " + shown.pixelColor(at).name().toStdString() + "\n";
          }},
     };
     std::vector<std::string> lines_;

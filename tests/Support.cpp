@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <sstream>
 
 #include "core/LineEnds.h"
 #include "core/SharedState.h"
@@ -19,6 +20,21 @@ void WriteFile(const std::filesystem::path& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
+std::string Unescaped(const std::string& text) {
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            bytes += text[i];
+        } else if (text[++i] != 'x') {
+            bytes += text[i] == 'n' ? '\n' : '\r';
+        } else {
+            bytes += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        }
+    }
+    return bytes;
+}
+
 std::vector<Texts> GoldenRows(const std::string& name) {
     std::vector<Texts> rows;
     std::ifstream file(std::filesystem::path(GOLDEN_FOLDER) / name);
@@ -26,15 +42,10 @@ std::vector<Texts> GoldenRows(const std::string& name) {
         if (line.starts_with('#')) {
             continue;
         }
-        rows.push_back({""});
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            if (line[i] == '\t') {
-                rows.back().emplace_back();
-            } else if (line[i] == '\\') {
-                rows.back().back() += line[++i] == 'n' ? '\n' : '\r';
-            } else {
-                rows.back().back() += line[i];
-            }
+        std::istringstream fields(line + '\t');
+        rows.emplace_back();
+        for (std::string field; std::getline(fields, field, '\t');) {
+            rows.back().push_back(Unescaped(field));
         }
     }
     return rows;

@@ -19,8 +19,11 @@ using Message = ScriptedDialogs::Message;
 [[nodiscard]] std::string FileText(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& text);
 
-/// The rows of a table in tests/golden, each cut at its tabs. In a field "\n" and "\r" stand for line ends; lines that
-/// start with "#" are comments.
+/// A text in which "\n", "\r" and bytes such as "\xE9" are written out.
+[[nodiscard]] std::string Unescaped(const std::string& text);
+
+/// The rows of a table in tests/golden, each cut at its tabs, its fields unescaped. Lines that start with "#" are
+/// comments.
 [[nodiscard]] std::vector<Texts> GoldenRows(const std::string& name);
 
 /// Puts the whole process-wide state back to that of a first start, without reading or writing a file.
