@@ -3,10 +3,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 #include "core/General.h"
 #include "platform/Events.h"
@@ -232,6 +235,22 @@ TEST_F(ControlsTest, ClosingRaisesUnloadOnceAndKeepsTheFormWhileItRuns) {
     EXPECT_EQ(seen, (Texts{"Cell(0) down 1 at 3,3", "Cell(0) click", "Unload", "Box still there"}));
     EXPECT_TRUE(holder.Load().events.empty()) << "a new instance";
     holder.Load().Window.Show();
+}
+
+TEST_F(ControlsTest, AScreenOutlivesTheToolkitsLoopsAboveIt) {
+    OpenMain(40);
+    ClickOn(Main, "TB(15)");
+    const QPointer<QWidget> help(&WindowOf("HelpFrm"));
+    QTimer::singleShot(0, [&] {
+        QEventLoop drag;  // as the toolkit runs one while a text is dragged
+        QTimer::singleShot(0, [] { CloseScreen("HelpFrm"); });
+        QTimer::singleShot(50, &drag, &QEventLoop::quit);
+        drag.exec();
+        EXPECT_FALSE(help.isNull());
+    });
+    QTimer::singleShot(200, [] { QCoreApplication::exit(); });
+    QApplication::exec();
+    EXPECT_TRUE(help.isNull());
 }
 
 TEST_F(ControlsTest, AScreenThatIsLongInLoadingShowsItself) {

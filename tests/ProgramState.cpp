@@ -278,9 +278,10 @@ std::string OnOneLine(const std::string& text) {
             line += c;
         }
     }
-    return line.size() <= 300 ? line
-                              : line.substr(0, 150) + "[...]" + line.substr(line.size() - 100) + " (" +
-                                    std::to_string(line.size()) + " characters)";
+    return line.size() <= 300
+               ? line
+               : line.substr(0, 150) + "[...]" + line.substr(line.size() - 100) + " (" + std::to_string(line.size()) +
+                     " characters, sum " + std::to_string(qChecksum(QByteArrayView(line))) + ")";
 }
 
 std::string ShownBy(const QWidget& control) {

@@ -1,4 +1,6 @@
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QImage>
 #include <QListWidget>
 #include <QMetaEnum>
@@ -109,6 +111,12 @@ protected:
             if (line.empty() || line.starts_with('#')) {
                 continue;
             }
+            if (line == "later") {  // once the step under way waits for events
+                QObject::connect(
+                    QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, qApp,
+                    [this] { TellNext(); }, Qt::SingleShotConnection);
+                return;
+            }
             if (line == "done") {
                 return;
             }
@@ -120,6 +128,14 @@ protected:
             DeliverEvents();
             TellChanges();
         }
+    }
+
+    /// Goes on when events are delivered next.
+    void TellNext() {
+        QTimer::singleShot(0, [this] {
+            TellChanges();
+            Tell();
+        });
     }
 
     void Do(Words words) {
@@ -280,14 +296,13 @@ protected:
              const std::string bytes = FileText(folder / w.Next());
              told_ += "    " + QByteArray::fromStdString(bytes).toHex().toStdString() + "\n";
          }},
-        {"ask",  // a click that waits for another screen: what follows, up to "done", is done meanwhile
+        {"during",  // a step that yields, or waits: what follows, up to "done", is done meanwhile
          [this](Words& w) {
-             QTimer::singleShot(0, [this] {
-                 TellChanges();
-                 Tell();
-             });
-             const std::string screen = w.Next();
-             ClickOn(screen, w.Next());
+             // The queue is looked at once in some milliseconds.
+             for (QDeadlineTimer pause(10); !pause.hasExpired();) {
+             }
+             TellNext();
+             Do(Words(w.Rest()));
          }},
         {"look",  // what is seen at a point of a cell, or in its corner
          [this](Words& w) {
