@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPixmap>
@@ -194,6 +195,10 @@ StateOfOne StateOfScreen(const Surface& screen) {
             const std::string forTools = widget->accessibleName().toStdString();
             add(Split(name), shown);
             add(Split(name, " tip"), widget->toolTip().toStdString());
+            if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+                add(Split(name, " look"), (label->frameStyle() != 0 ? "sunken" : "") +
+                                              std::string(label->alignment() == Qt::AlignCenter ? " centred" : ""));
+            }
             add(Split(name, " name"), shown.starts_with(forTools) ? "" : forTools);
         }
     }

@@ -87,6 +87,7 @@ const std::map<std::string, HandVerb> HandVerbs{
          QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(found.at(0)).center());
      }},
     {"close", [](auto& screen, auto&, Words&) { CloseScreen(screen); }},
+    {"enable", [](auto& screen, auto& name, Words&) { ControlOf<QWidget>(screen, name).setEnabled(true); }},
     {"carry", [](auto& screen, auto&, Words& w) { WindowOf(screen).move(w.Point()); }},
 };
 
