@@ -126,7 +126,6 @@ void MainFrm::BGImg_MouseDown(int Index, int Button) {
         BGUScroll.SetValue(std::min<int>(wanted, BGUScroll.Max()));
     }
     DelBadGuyCmd.SetVisible(true);
-    CurrentMode = EditBadGuysMode;
     ModeOption[EditBadGuysMode].Select();
     if (Button == RightButton) {
         OpenBadGuyEditor();

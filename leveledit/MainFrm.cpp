@@ -27,10 +27,6 @@ void MainFrm::RestoreControls() {
     Element(LayerOption, CurrentLayer).Select();
     Element(ModeOption, CurrentMode).Select();
     Element(TilesOption, CurrentTileSet).Select();
-    FileNameBox.SetCaption("Click here to open an existing Floebird Level file.");
-    for (Label* box : {&ColBox, &RowBox, &XBox, &YBox}) {
-        box->SetCaption("");
-    }
     DelBadGuyCmd.SetVisible(false);
     for (std::size_t kind = 0; kind < BadGuyTypeTable.size(); ++kind) {
         ObjectLabel[kind].SetCaption(BadGuyTypeTable[kind].DisplayName);

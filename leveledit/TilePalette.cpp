@@ -37,7 +37,6 @@ int ToggleFavorite(Favorites& list, int index, const char* name) {
 
 void MainFrm::DrawTilePalette() {
     TileFrame.SetVisible(!LayerOption[AllLayers].Selected());
-    CurImg.SetEnabled(true);
     if (KnowsTileSet()) {
         SelScroll.SetVisible(CurrentTileSet == AllTiles);
         for (int i = 0; i < PaletteCells; ++i) {

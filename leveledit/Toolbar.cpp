@@ -33,7 +33,6 @@ void MainFrm::LoadPrefMap() {
     LevelRecord.BadGuyCount = 0;
     LevelRecord.ResetPointCount = 0;
     ReadLevelFile(LevelPath);
-    FileNameBox.SetCaption(LevelPath + "   [Level Width = " + std::to_string(LevelRecord.width) + "]");
     UpdateDisplay();
 }
 

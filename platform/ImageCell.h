@@ -51,9 +51,6 @@ public:
     void SetVisible(bool visible);
     [[nodiscard]] bool Visible() const { return visible_; }
 
-    /// Whether the cell takes the mouse. It looks the same either way.
-    void SetEnabled(bool enabled) { enabled_ = enabled; }
-
     /// Fractions are kept, and rounded to the pixel for painting.
     void Move(double left, double top);
     [[nodiscard]] double Left() const { return left_; }
@@ -88,5 +85,4 @@ private:
     bool framed_ = false;
     bool stretch_ = false;
     bool visible_ = true;
-    bool enabled_ = true;
 };

@@ -212,7 +212,7 @@ template <typename Takes>
 ImageCell* Surface::CellAt(QPoint position, Takes takes) const {
     const QWidget* container = ContainerAt(position);
     const auto cell = std::find_if(cells_.rbegin(), cells_.rend(), [&](const ImageCell* c) {
-        return c->enabled_ && c->visible_ && c->container_->ContainerWidget() == container && takes(*c) &&
+        return c->visible_ && c->container_->ContainerWidget() == container && takes(*c) &&
                AreaOf(*c).contains(position);
     });
     return cell == cells_.rend() ? nullptr : *cell;

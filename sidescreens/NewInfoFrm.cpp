@@ -43,8 +43,6 @@ void NewInfoFrm::Load() {
     RestorePosition(Window, ScreenIndex::NewInfoFrm, false);
     NewInfo.title.clear();
     NewInfo.description.clear();
-    TitleBox.SetText(NewInfo.title);
-    DescBox.SetText(NewInfo.description);
 }
 
 void NewInfoFrm::TitleBox_Change() { NewInfo.title = TitleBox.Text(); }

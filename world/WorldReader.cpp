@@ -26,7 +26,7 @@ template <typename Record>
 struct Key {
     std::string_view word;
     void (*readValue)(WorldScanner& in, Record& record);
-    int notClosed = 0;  ///< error number when no ")" follows the value
+    int notClosed;      ///< error number when no ")" follows the value
     int type = NoLink;  ///< what the key makes of a link; NoLink leaves its type alone
 };
 
@@ -96,7 +96,7 @@ constexpr Key<WorldLink> LinkKeys[] = {
 /// The next token; error `atEnd` if it ends the text.
 int TokenBeforeEnd(WorldScanner& in, int atEnd) {
     const int token = in.NextToken();
-    if (in.pos < 0) {
+    if (in.pos == WorldScanner::Ended) {
         throw FormatError{atEnd};
     }
     return token;
@@ -149,7 +149,7 @@ void ParseLevel(WorldScanner& in, const std::string& pendingComment) {
             return;
         }
         const std::string word = in.ReadWord();
-        if (in.pos < 0) {
+        if (in.pos == WorldScanner::Ended) {
             throw FormatError{32};
         }
         ReadKey(in, LinkKeys, word, link, 48);
@@ -205,7 +205,7 @@ void AddComment(const std::string& comment) {
 void ParseText(WorldScanner& in) {
     for (;;) {
         const int token = in.NextToken();
-        if (in.pos < 0) {
+        if (in.pos == WorldScanner::Ended) {
             return;
         }
         if (token == ';') {
@@ -221,7 +221,7 @@ void ParseText(WorldScanner& in) {
                     WorldReadError = error.number;
                 }
             }
-            if (in.pos < 0) {
+            if (in.pos == WorldScanner::Ended) {
                 WorldReadError = 1;
                 return;
             }

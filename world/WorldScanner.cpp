@@ -15,13 +15,13 @@ constexpr bool EndsWord(int character) { return IsBlankCharacter(character) || c
 }  // namespace
 
 int WorldScanner::NextChar() {
-    if (pos < 0) {
+    if (pos == Ended) {
         return Beyond;
     }
     const int character = CharAt(text, static_cast<std::size_t>(pos));
     ++pos;
     if (pos > std::ssize(text)) {
-        pos = -2;
+        pos = Ended;
     }
     return character;
 }
@@ -35,33 +35,20 @@ int WorldScanner::NextToken() {
     }
 }
 
-void WorldScanner::SkipBlanks() {
-    if (pos < 0) {
-        return;
-    }
-    while (pos <= std::ssize(text) && IsBlankCharacter(text[static_cast<std::size_t>(pos - 1)])) {
-        ++pos;
-    }
-    if (pos > std::ssize(text)) {
-        pos = -2;
-    }
-}
-
 /// The next character, or `Beyond` in place of the last one, which ends the text and is dropped.
 int WorldScanner::TakeUnlessLast() {
-    if (pos < 0 || pos >= std::ssize(text)) {
-        pos = -1;
+    if (pos == Ended || pos >= std::ssize(text)) {
+        pos = Ended;
         return Beyond;
     }
     return CharAt(text, static_cast<std::size_t>(pos++));
 }
 
 std::string WorldScanner::ReadWord() {
-    std::string word;
-    if (pos < 0) {
-        return word;
+    while (IsBlankCharacter(CharAt(text, static_cast<std::size_t>(pos)))) {
+        ++pos;
     }
-    SkipBlanks();
+    std::string word;
     for (;;) {
         const int character = TakeUnlessLast();
         if (character == ')') {
@@ -75,7 +62,7 @@ std::string WorldScanner::ReadWord() {
 }
 
 Int16 WorldScanner::ReadNumber() {
-    if (pos > 0) {
+    if (pos != Ended) {
         // A map has a quarter of a million numbers. Those of few digits, which are nearly all, need no word. The zero
         // behind the text ends every loop, and the last character of the text is never part of a word.
         const char* first = text.c_str() + pos - 1;

@@ -11,20 +11,19 @@ struct UnclosedQuote {};
 /// Walks the text of a world map file. Blanks are blank, tab and line feed; a text never holds a carriage
 /// return. Characters are given as CharAt gives them, with `Beyond` at the end of the text.
 struct WorldScanner {
-    std::string text;      ///< the whole file
-    std::int64_t pos = 1;  ///< position of the next character, from 1; negative once the end is passed
+    static constexpr std::int64_t Ended = -1;
 
-    /// The next character. Taking the last one sets `pos` to -2.
+    std::string text;      ///< the whole file
+    std::int64_t pos = 1;  ///< position of the next character, from 1; Ended once the end is passed
+
+    /// The next character. Taking the last one ends the text.
     int NextChar();
 
     /// The next character that is no blank.
     int NextToken();
 
-    /// Moves to the next character that is no blank; `pos` becomes -2 if there is none.
-    void SkipBlanks();
-
     /// The next word, in lower case. A blank or "(" ends it and is taken with it; ")" ends it and stays. The
-    /// end of the text ends it too: the last character is dropped, and `pos` becomes -1.
+    /// end of the text ends it too: the last character is dropped.
     std::string ReadWord();
 
     /// The next word as a number, by TextToInt16 and with its faults.
@@ -38,7 +37,7 @@ struct WorldScanner {
     std::string ReadFlag();
 
     /// What comes before the next line feed, which is taken with it, or before the next "(", which stays. At
-    /// the end of the text the last character is dropped, and `pos` becomes -1.
+    /// the end of the text the last character is dropped.
     std::string ReadRestOfLine();
 
 private:

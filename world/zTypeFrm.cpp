@@ -38,7 +38,7 @@ void zTypeFrm::MakeControls() {
     }
     CancelCmd.Create(Window, "CancelCmd", {65, 130, 90, 26}, "Cancel");
     CancelCmd.SetToolTip("Cancel Link Type Selection");
-    CancelCmd.Click = [this] { CancelCmd_Click(); };
+    CancelCmd.Click = [this] { Window.Close(); };
 }
 
 void zTypeFrm::Unload() {
@@ -48,10 +48,5 @@ void zTypeFrm::Unload() {
 
 void zTypeFrm::TypeBox_Click(int Index) {
     LinkTypeChoice = Index + LevelLink;
-    Window.Close();
-}
-
-void zTypeFrm::CancelCmd_Click() {
-    LinkTypeChoice = -1;
     Window.Close();
 }

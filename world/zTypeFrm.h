@@ -16,5 +16,4 @@ struct zTypeFrm {
     void MakeControls();
     void Unload();
     void TypeBox_Click(int Index);
-    void CancelCmd_Click();
 };
