@@ -285,7 +285,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     runs = argc > 1 ? std::atoi(argv[1]) : runs;
     PrepareToolkit();
-    InitTextConstants();
     InitConstants();
     UseDosLineEnds();
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "fb_editor_bench";

@@ -1,7 +1,6 @@
 #include "core/LineEnds.h"
 
 std::string NL;
-std::string QuoteChar;
 std::string CloseLine;
 std::string CloseCloseLine;
 std::string CloseQuoteLine;
@@ -11,7 +10,6 @@ namespace {
 
 void SetLineEnds(const char* lineEnd) {
     NL = lineEnd;
-    QuoteChar = "\"";
     CloseLine = ")" + NL;
     CloseCloseLine = "))" + NL;
     CloseQuoteLine = "\")" + NL;

@@ -31,7 +31,6 @@ std::string FixedGameFolder() {
 }
 
 void Start() {
-    InitTextConstants();
     InitConstants();
     UseDosLineEnds();
     LoadPreferences();
@@ -50,11 +49,6 @@ std::string AdviceForNextStart() {
 }
 
 }  // namespace
-
-void InitTextConstants() {
-    NL = "\r\n";
-    QuoteChar = "\"";
-}
 
 void InitConstants() {
     GetLogonName();

@@ -1,8 +1,5 @@
 #pragma once
 
-/// Sets NL to CR LF and QuoteChar to a double quote.
-void InitTextConstants();
-
 /// Sets the logon name, the texts, the folders and the tables of SharedState.h, and LevelLoaded to false.
 void InitConstants();
 

@@ -50,7 +50,6 @@ void StartProgram(int mostYields) {
     LevelLoaded = WorldLoaded = WorldChanged = WorldReadError = 0;
     dialogs = {};
     doubles = {};
-    InitTextConstants();
     UseDosLineEnds();
     yieldsUntilNextLook = mostYields;
     doubles.onYield = [] { throw NeverEnds{}; };

@@ -3,7 +3,7 @@
 #include "core/General.h"
 #include "core/LineEnds.h"
 #include "core/SharedState.h"
-#include "level/LevelReader.h"
+#include "level/LineReader.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
 #include "platform/Texts.h"
@@ -19,10 +19,10 @@ constexpr std::size_t LongestDosFirstLine = 40;
 constexpr std::string_view TitleKeyword = "(TITLE";
 constexpr std::string_view DescriptionKeyword = "(DESCRIPTION";
 
-void ReadInfoLines(const std::string& path) {
-    ReadFirstLine(path, LongestDosFirstLine);
+void ReadInfoLines(LineReader& in, const std::string& path) {
+    ReadFirstLine(in, path, LongestDosFirstLine);
     do {
-        const std::string line(Trim(CurrentLine));
+        const std::string line(Trim(in.CurrentLine));
         const std::string keyword = UpperCase(line.substr(0, DescriptionKeyword.size()));
         if (line.starts_with(")")) {
             return;
@@ -34,21 +34,18 @@ void ReadInfoLines(const std::string& path) {
         } else if (keyword == DescriptionKeyword) {
             CurrentInfo.description = ParseStringValue(line, DescriptionKeyword.size());
         }
-        ReadNextLine();
-        if (LinePos > 0) {
-            RestIfTextIsUsedUp();
-        }
-    } while (LinePos > 0);
+    } while (ReadLineBeforeEnd(in));
 }
 
 }  // namespace
 
 void ReadInfoFile(const std::string& path) {
+    LineReader in;
     try {
-        WithMemoryFaults([&] { ReadInfoLines(FolderOf(path) + "info"); });
+        WithMemoryFaults([&] { ReadInfoLines(in, FolderOf(path) + "info"); });
     } catch (const Fault&) {  // a level set without `info` is no failure
     }
-    CloseFile(ReadFileNum);
+    CloseFile(in.ReadFileNum);
 }
 
 void BuildInfoText() {

@@ -63,7 +63,6 @@ void ResetState() {
         *number = 0;
     }
     dialogs = {};
-    InitTextConstants();
     InitConstants();
     UseDosLineEnds();
 }
