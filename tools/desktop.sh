@@ -19,7 +19,7 @@ tidy_up() {
 }
 trap tidy_up EXIT
 
-# fail REASON: ends the script. The picture of the display stays in the build folder, and so does the program's log.
+# fail REASON: ends the script, and names the row of a table that it was in. The picture of the display stays in the build folder, and so does the program's log.
 fail() {
     local kept
     kept=$(realpath --canonicalize-missing "${FB_KEEP_IN:-${BASH_SOURCE[0]%/*}/../build/end_to_end}")
@@ -27,7 +27,7 @@ fail() {
     mkdir -p "${kept%/*}"
     import -window root "$kept.png" || true
     cp "$work/log" "$kept.log" || true
-    printf '%s: %s. See %s.png and .log\n' "$(basename "${story:-$0}")" "$1" "$kept" >&2
+    printf '%s: %s%s. See %s.png and .log\n' "$(basename "${story:-$0}")" "${row:+$row: }" "$1" "$kept" >&2
     exit 1
 }
 
