@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <clocale>
 #include <csignal>
+#include <cstdlib>
 #include <future>
 #include <memory>
 
@@ -79,6 +80,14 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
     return application;
 }
 
+/// The toolkit calls exit() when the display goes. What is left of it then is not enough to unmake the screens, which
+/// would be next.
+void EndAtOnceWithoutDisplay() {
+    if (QCoreApplication::instance() != nullptr) {
+        std::_Exit(EXIT_FAILURE);
+    }
+}
+
 }  // namespace
 
 void PrepareToolkit() {
@@ -107,6 +116,7 @@ int RunApplication(int argc, char** argv, const std::function<void()>& start) {
     std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a failed write like any other
 #endif
     const auto application = MakeApplication(argc, argv);
+    std::atexit(EndAtOnceWithoutDisplay);
     PrepareToolkit();
     QGuiApplication::setWindowIcon(QIcon(*FixedPicture("ProgramIcon").Pixmap()));
     RunHandler(start);

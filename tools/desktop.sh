@@ -43,6 +43,7 @@ in_time() {
 exec 3> "$work/display"
 # Large enough for the largest screen at twice its size.
 Xvfb -displayfd 3 -noreset -screen 0 1800x1400x24 2>> "$work/log" &
+server=$!
 in_time [ -s "$work/display" ] || fail 'Xvfb does not start'
 DISPLAY=:$(< "$work/display")
 export DISPLAY
