@@ -82,9 +82,6 @@ void ClearBadGuySlots() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::ClearBGSlots))
 void SetMapXScrollMax(Int16 maximum) {
     OnLoaded(mainFrm, [&](MainFrm& form) { form.MapXScroll.SetMax(maximum); });
 }
-void ShowFileName(const std::string& text) {
-    OnLoaded(mainFrm, [&](MainFrm& form) { form.FileNameBox.SetCaption(text); });
-}
 void UpdateDisplay() { OnLoaded(mainFrm, std::mem_fn(&MainFrm::UpdateDisplay)); }
 
 void OpenVarsFrm() { ShowAbove(mainFrm, varsFrm, Meanwhile::Busy); }

@@ -14,7 +14,6 @@
 void LoadMainFrm();                          ///< makes the screen and runs its start-up, without showing it
 void ShowMainFrm();                          ///< shows it, also after the world editor has hidden it
 void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the map view
-void ShowFileName(const std::string& text);  ///< puts `text` into FileNameBox
 void UpdateDisplay();                        ///< redraws the whole screen from the records
 void ClearBadGuySlots();                     ///< forgets which bad guy each sprite shows
 

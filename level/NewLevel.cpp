@@ -72,7 +72,6 @@ bool CreateNewLevel(const std::string& folder) {
         return false;
     }
     LevelPath = path;
-    ShowFileName(LevelPath);
     FillNewLevel();
     if (PrefsRecord.AddEndState > 0) {
         AddLevelEnding();

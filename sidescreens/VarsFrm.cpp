@@ -64,7 +64,7 @@ bool RemakeLayers() {
 }
 
 void CorrectFlag(Int16& flag) {
-    if (flag < 0 || flag > 1) {
+    if (flag != 1) {
         flag = 0;
     }
 }

@@ -23,16 +23,11 @@ void WaitForEvent() {
 }
 void WaitForClosing() { throw GivenUp(); }
 
-void LoadMainFrm() {
-    if (doubles.onLoadMainFrm) {
-        doubles.onLoadMainFrm();
-    }
-}
+void LoadMainFrm() {}
 void ShowMainFrm() {}
 void SetMapXScrollMax(Int16) {}
-void ShowFileName(const std::string& text) { doubles.calls.push_back("ShowFileName " + text); }
-void UpdateDisplay() { doubles.calls.emplace_back("UpdateDisplay"); }
-void ClearBadGuySlots() { doubles.calls.emplace_back("ClearBadGuySlots"); }
-void OpenVarsFrm() { doubles.calls.emplace_back("OpenVarsFrm"); }
-void OpenNewInfoFrm() { doubles.calls.emplace_back("OpenNewInfoFrm"); }
-void OpenTypePicker() { doubles.calls.emplace_back("OpenTypePicker"); }
+void UpdateDisplay() {}
+void ClearBadGuySlots() {}
+void OpenVarsFrm() {}
+void OpenNewInfoFrm() {}
+void OpenTypePicker() {}

@@ -176,40 +176,58 @@ std::pair<std::string, int> Split(const std::string& name, const std::string& su
 
 std::string TextOf(QSize size) { return std::to_string(size.width()) + "x" + std::to_string(size.height()); }
 
+void AddIfAny(StateOfOne& state, const std::pair<std::string, int>& name, const std::string& value) {
+    if (!value.empty()) {
+        state[name] = value;
+    }
+}
+
+/// "sunken", " centred", or nothing.
+std::string LookOf(const QLabel& label) {
+    return std::string(label.frameStyle() != 0 ? "sunken" : "") +
+           (label.alignment() == Qt::AlignCenter ? " centred" : "");
+}
+
+void AddControl(StateOfOne& state, const QWidget& widget) {
+    const std::string name = widget.objectName().toStdString();
+    const std::string shown = ShownBy(widget);
+    const std::string forTools = widget.accessibleName().toStdString();
+    AddIfAny(state, Split(name), shown);
+    AddIfAny(state, Split(name, " tip"), widget.toolTip().toStdString());
+    AddIfAny(state, Split(name, " name"), shown.starts_with(forTools) ? "" : forTools);
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        AddIfAny(state, Split(name, " look"), LookOf(*label));
+    }
+}
+
+std::string TextOf(const Picture& picture) {
+    if (picture == Picture()) {
+        return "";
+    }
+    return picture.Number() > 0 ? std::to_string(picture.Number()) : "picture " + TextOf(picture.Pixmap()->size());
+}
+
 StateOfOne StateOfScreen(const Surface& screen) {
     StateOfOne state;
-    const auto add = [&](const std::pair<std::string, int>& name, const std::string& value) {
-        if (!value.empty()) {
-            state[name] = value;
-        }
-    };
-    add({"title", -1}, screen.windowTitle().toStdString());
+    const Qt::CursorShape pointer = screen.cursor().shape();
+    AddIfAny(state, {"title", -1}, screen.windowTitle().toStdString());
     state[{"place", -1}] = std::to_string(screen.x()) + "," + std::to_string(screen.y()) + " " + TextOf(screen.size());
-    add({"busy", -1}, screen.takesInput ? "" : "yes");
-    add({"pointer", -1}, screen.cursor().shape() == Qt::ArrowCursor ? "" : std::to_string(screen.cursor().shape()));
-    add({"focus", -1}, screen.focusWidget() == nullptr ? "" : screen.focusWidget()->objectName().toStdString());
+    AddIfAny(state, {"busy", -1}, screen.takesInput ? "" : "yes");
+    AddIfAny(state, {"pointer", -1}, pointer == Qt::ArrowCursor ? "" : std::to_string(pointer));
+    AddIfAny(state, {"focus", -1},
+             screen.focusWidget() == nullptr ? "" : screen.focusWidget()->objectName().toStdString());
     for (const QWidget* widget : screen.findChildren<const QWidget*>()) {
-        const std::string name = widget->objectName().toStdString();
-        if (!name.empty() && !name.starts_with("qt_") && widget->isVisibleTo(&screen)) {
-            const std::string shown = ShownBy(*widget);
-            const std::string forTools = widget->accessibleName().toStdString();
-            add(Split(name), shown);
-            add(Split(name, " tip"), widget->toolTip().toStdString());
-            if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-                add(Split(name, " look"), (label->frameStyle() != 0 ? "sunken" : "") +
-                                              std::string(label->alignment() == Qt::AlignCenter ? " centred" : ""));
-            }
-            add(Split(name, " name"), shown.starts_with(forTools) ? "" : forTools);
+        const QString name = widget->objectName();
+        if (!name.isEmpty() && !name.startsWith("qt_") && widget->isVisibleTo(&screen)) {
+            AddControl(state, *widget);
         }
     }
     for (const ImageCell* cell : screen.Cells()) {
         if (!screen.IsShown(*cell)) {
             continue;
         }
-        const int number = cell->Shown().Number();
-        const QSize size = cell->Shown() == Picture() ? QSize() : cell->Shown().Pixmap()->size();
-        add(Split(cell->Name()), number > 0 ? std::to_string(number) : size.isEmpty() ? "" : "picture " + TextOf(size));
-        add(Split(cell->Name(), " tip"), cell->ToolTip());
+        AddIfAny(state, Split(cell->Name()), TextOf(cell->Shown()));
+        AddIfAny(state, Split(cell->Name(), " tip"), cell->ToolTip());
         std::ostringstream place;
         place << cell->Left() << "," << cell->Top();
         state[Split(cell->Name(), " at")] = place.str();

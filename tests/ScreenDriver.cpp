@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 #include "platform/Application.h"
 #include "platform/Controls.h"
@@ -114,6 +115,7 @@ void OpenMain(int width, int mode) {
     CurrentMode = mode;
     LoadMainFrm();
     ShowMainFrm();
+    ControlOf<QTimer>(Main, "BGTimer").stop();  // or the time that a test takes would show
     if (width > 0) {
         MakeLevel(width);
         UpdateDisplay();

@@ -44,8 +44,4 @@ void EndWithFault(const Fault& fault, const std::string& advice) {
     dialogs.advice = advice;
 }
 
-void EndProcess() {
-    if (dialogs.endThrows) {
-        throw ProcessEnded();
-    }
-}
+void EndProcess() { dialogs.ended = true; }

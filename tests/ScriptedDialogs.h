@@ -26,11 +26,8 @@ struct ScriptedDialogs {
     std::deque<std::string> files;             ///< for the next file dialogs; cancelled when used up
     std::optional<FaultNumber> fatalFault;     ///< the fault that would have ended the process
     std::string advice;                        ///< what its message would have added
-    bool endThrows = false;                    ///< ProcessEnded, where the process would have ended without a fault
+    bool ended = false;                        ///< the process would have ended without a fault
 };
-
-/// What the double of EndProcess throws on demand, where the code behind the end must not run.
-struct ProcessEnded {};
 
 /// The script in force. A test assigns {} to start afresh.
 extern ScriptedDialogs dialogs;

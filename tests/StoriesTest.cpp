@@ -169,10 +169,14 @@ protected:
             happened.push_back("ended with fault " + std::to_string(static_cast<int>(*dialogs.fatalFault)) + " " +
                                OnOneLine(dialogs.advice));
         }
+        if (dialogs.ended) {
+            happened.emplace_back("ended");
+        }
         dialogs.messages.clear();
         dialogs.questions.clear();
         dialogs.fileDialogs.clear();
         dialogs.fatalFault.reset();
+        dialogs.ended = false;
         const std::map<std::string, std::string> files = Files();
         for (const auto& [path, text] : files) {
             if (const auto known = files_.find(path); known == files_.end() || known->second != text) {

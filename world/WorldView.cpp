@@ -83,7 +83,7 @@ void WorldFrm::DrawWorldMap() {
         DrawLinks();
     }
     Int16& complete = PrefsRecord.WorldAutoComplete;
-    if (complete < 0 || complete > 1) {
+    if (complete != 0) {
         complete = 1;
     }
     AutoCheck.SetValue(complete);
