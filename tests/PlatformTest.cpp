@@ -8,6 +8,7 @@
 #include "platform/Conversions.h"
 #include "platform/Files.h"
 #include "platform/Int16.h"
+#include "platform/Texts.h"
 #include "tests/ModelTest.h"
 
 // The half of the platform layer that needs no toolkit: numbers, files, paths.
@@ -55,6 +56,11 @@ TEST(ConversionsTest, FloatsAndLeadingNumbers) {
         EXPECT_EQ(DoubleToText(number), text);
     }
     EXPECT_EQ(SingleToText(32.0F + 1.0F / 15.0F), "32.06667");
+}
+
+TEST(ConversionsTest, CasesOfLetters) {
+    EXPECT_EQ(UpperCase("`az{"), "`AZ{");
+    EXPECT_EQ(LowerCase("@AZ["), "@az[");
 }
 
 using FilesTest = ModelTest;
@@ -106,6 +112,20 @@ TEST_F(FilesTest, Faults) {
     EXPECT_EQ(FaultOf([] { return LineInput(512); }), FaultNumber::BadFileNumber);
     EXPECT_EQ(FaultOf([&] { DeleteExistingFile(PathOf("gone")); }), FaultNumber::FileNotFound);
     DeleteFileQuietly(PathOf("gone"));
+    const std::string path = Store("file", "line");
+    EXPECT_EQ(FaultOf([&] { OpenForInput(0, path); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(FaultOf([&] { OpenForInput(512, path); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(FaultOf([&] { OpenForInput(1, path + std::string(1, '\0')); }), FaultNumber::BadFileNumber);
+    for (int number = 1; number <= 511; ++number) {
+        EXPECT_EQ(FreeFileNumber(), number);
+        OpenForInput(number, path);
+    }
+    EXPECT_EQ(FaultOf(FreeFileNumber), FaultNumber::TooManyFiles);
+    EXPECT_EQ(FaultOf([&] { OpenForInput(511, path); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(FaultOf([] { WriteBytes(511, "x"); }), FaultNumber::BadFileNumber);
+    EXPECT_EQ(LineInput(511), "line");
+    DeleteFileQuietly(path);
+    EXPECT_EQ(QueryFile(path), "");
 }
 
 /// However a write comes out, its file is closed, and what it has written is all that is there.
@@ -157,7 +177,8 @@ TEST(GeneralTest, LogonNames) {
                                                          {"eightchr", "EIGHTCHR"},
                                                          {"ninechars", ""},
                                                          {"", ""},
-                                                         {"a-very-long-name-of-25-char", ""}};
+                                                         {"a-name-of-24-characters-", "A"},
+                                                         {"a-name-of-25-characters--", ""}};
     for (const auto& [name, logonName] : cases) {
         EXPECT_EQ(LogonNameFor(name), logonName + std::string(16 - std::string(logonName).size(), ' ')) << name;
     }

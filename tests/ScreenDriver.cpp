@@ -156,8 +156,6 @@ ImageCell& CellOf(const std::string& screen, const std::string& cell) {
     throw std::runtime_error(screen + " has no cell " + cell);
 }
 
-std::string Img(int column, int row) { return MemberName("Img", column * 15 + row); }
-
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button, QPoint at) {
     Surface& window = WindowOf(screen);
     if (window.FindCell(name) != nullptr) {
@@ -184,13 +182,12 @@ void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at) 
     QTest::mouseRelease(&WindowOf(screen), Qt::LeftButton, Qt::NoModifier, PointIn(screen, cell, at));
 }
 
-std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
+void MoveOverCell(const std::string& screen, const std::string& cell, QPoint at) {
     Surface& window = WindowOf(screen);
     const QPoint point = PointIn(screen, cell, at);
     // The toolkit's own helper moves the pointer, and so meets whichever screen is in front there.
     QMouseEvent event(QEvent::MouseMove, point, window.mapToGlobal(point), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &event);
-    return CellOf(screen, cell).ToolTip();
 }
 
 void Type(const std::string& screen, const std::string& name, const std::string& text) {

@@ -44,9 +44,6 @@ void Type(const std::string& screen, const std::string& name, const std::string&
 [[nodiscard]] Surface& WindowOf(const std::string& screen);
 [[nodiscard]] ImageCell& CellOf(const std::string& screen, const std::string& cell);
 
-/// The name of the cell of a map at a column and row of the view.
-[[nodiscard]] std::string Img(int column, int row);
-
 /// The toolkit's widget of a control, such as ControlOf<QScrollBar>("MainFrm", "MapXScroll").
 template <typename Widget>
 [[nodiscard]] Widget& ControlOf(const std::string& screen, const std::string& name) {
@@ -64,8 +61,8 @@ void RightClickOn(const std::string& screen, const std::string& name);
 void PressCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 
-/// Moves the mouse over a cell and gives the tool tip that it gets.
-std::string MoveOverCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
+/// Moves the mouse over a cell.
+void MoveOverCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 
 /// Selects all of a text box and types `text` key by key.
 void TypeInto(const std::string& screen, const std::string& name, const std::string& text);

@@ -295,6 +295,11 @@ protected:
                  Store(path + std::to_string(left) + ".fbl", "x");
              }
          }},
+        {"alias",  // another name for the same file
+         [this](Words& w) {
+             const std::filesystem::path file = folder / w.Next();
+             std::filesystem::create_hard_link(file, folder / w.Next());
+         }},
         {"remove", [this](Words& w) { std::filesystem::remove(folder / w.Rest()); }},
         {"bytes",
          [this](Words& w) {
