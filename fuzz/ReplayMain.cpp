@@ -1,38 +1,26 @@
-// Feeds files to a fuzz target, for compilers without a fuzzer: the corpus stays a test in every build.
+// Feeds a corpus to a fuzz target, for compilers without a fuzzer: it stays a test in every build.
 
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <string>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size);
 
-namespace {
-
-void Replay(const std::filesystem::path& path) {
-    std::printf("%s\n", path.string().c_str());
-    std::fflush(stdout);  // the last name shown is that of the input that ends the program
-    std::ifstream file(path, std::ios::binary);
-    const std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
-}
-
-}  // namespace
-
-/// Takes files and folders of files. Fails if it was given no input at all.
-int main(int count, char** arguments) {
-    int replayed = 0;
-    for (int i = 1; i < count; ++i) {
-        if (!std::filesystem::is_directory(arguments[i])) {
-            Replay(arguments[i]);
-            ++replayed;
-            continue;
-        }
-        for (const auto& entry : std::filesystem::directory_iterator(arguments[i])) {
-            Replay(entry.path());
-            ++replayed;
+/// Takes one file, in which a line end and a line of "=====" end each input. Fails if there is none.
+int main(int, char** arguments) {
+    std::ifstream file(arguments[1], std::ios::binary);
+    int inputs = 0;
+    std::vector<unsigned char> input;
+    for (std::string line; std::getline(file, line);) {
+        if (line == "=====") {
+            std::fprintf(stderr, "input %d\n", ++inputs);
+            LLVMFuzzerTestOneInput(input.data(), input.empty() ? 0 : input.size() - 1);
+            input.clear();
+        } else {
+            line += '\n';
+            input.insert(input.end(), line.begin(), line.end());
         }
     }
-    return replayed > 0 ? 0 : 1;
+    return inputs > 0 ? 0 : 1;
 }
