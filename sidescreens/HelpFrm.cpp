@@ -23,7 +23,6 @@ void HelpFrm::Load() {
 void HelpFrm::Unload() { StorePosition(Window, ScreenIndex::HelpFrm); }
 
 void HelpFrm::LoadHelpText() {
-    HelpText.clear();
     try {
         const int file = FreeFileNumber();
         OpenForInput(file, HelpFileName);

@@ -91,7 +91,8 @@ TEST_F(FilesTest, AnyNameOpens) {
     for (const std::string name : {"gr\xC3\xBC\xC3\x9F.fbl", "\xE6\xB0\xB7\xE5\xB1\xB1", "\xF0\x9F\x90\xA7 x"}) {
         const std::string path = JoinPath(folder.string(), name);
         OpenForBinary(1, path);
-        WriteBytes(1, name);
+        WriteBytes(1, "x");
+        WriteBytes(1, name);  // from the start again
         CloseFile(1);
         OpenForInput(1, path);
         EXPECT_EQ(LineInput(1), name);

@@ -18,7 +18,7 @@ constexpr int BlankWorldTile = 9;
 
 /// Ends the parsing of a world map: what WorldReadError is to tell.
 struct FormatError {
-    int number;
+    int number{};
 };
 
 /// "(", the word, a value, ")".
@@ -26,7 +26,7 @@ template <typename Record>
 struct Key {
     std::string_view word;
     void (*readValue)(WorldScanner& in, Record& record);
-    int notClosed{};  ///< error number when no ")" follows the value
+    int notClosed{};    ///< error number when no ")" follows the value
     int type = NoLink;  ///< what the key makes of a link; NoLink leaves its type alone
 };
 
@@ -93,12 +93,16 @@ constexpr Key<WorldLink> LinkKeys[] = {
     {"extro-filename", Quoted<&WorldLink::extro_filename>, 46},
 };
 
-/// The next token; error `atEnd` if it ends the text.
-int TokenBeforeEnd(WorldScanner& in, int atEnd) {
-    const int token = in.NextToken();
+/// A text that ends within a list is an error that ParseText numbers.
+void ExpectMore(const WorldScanner& in) {
     if (in.pos == WorldScanner::Ended) {
-        throw FormatError{atEnd};
+        throw FormatError{};
     }
+}
+
+int TokenBeforeEnd(WorldScanner& in) {
+    const int token = in.NextToken();
+    ExpectMore(in);
     return token;
 }
 
@@ -127,13 +131,13 @@ void ReadKey(WorldScanner& in, const Key<Record> (&keys)[Count], std::string_vie
 }
 
 void ParseProperties(WorldScanner& in) {
-    while (OpensList(TokenBeforeEnd(in, 10), 19)) {
+    while (OpensList(TokenBeforeEnd(in), 19)) {
         ReadKey(in, PropertyKeys, in.ReadWord(), WorldRecord, 19);
     }
 }
 
 void ParseTilemap(WorldScanner& in) {
-    while (OpensList(TokenBeforeEnd(in, 20), 29)) {
+    while (OpensList(TokenBeforeEnd(in), 29)) {
         ReadKey(in, TilemapKeys, in.ReadWord(), WorldRecord, 29);
     }
 }
@@ -143,15 +147,13 @@ void ParseLevel(WorldScanner& in, const std::string& pendingComment) {
     WorldRecord.levels.Resize(WorldRecord.LinkCount);
     WorldLink& link = WorldRecord.levels[WorldRecord.LinkCount];
     for (;;) {
-        const int token = TokenBeforeEnd(in, 31);
+        const int token = TokenBeforeEnd(in);
         link.comment = pendingComment;
         if (!OpensList(token, 49)) {
             return;
         }
         const std::string word = in.ReadWord();
-        if (in.pos == WorldScanner::Ended) {
-            throw FormatError{32};
-        }
+        ExpectMore(in);
         ReadKey(in, LinkKeys, word, link, 48);
     }
 }
@@ -160,7 +162,7 @@ void ParseLevel(WorldScanner& in, const std::string& pendingComment) {
 void ParseLevels(WorldScanner& in) {
     std::string pendingComment;
     for (;;) {
-        const int token = TokenBeforeEnd(in, 30);
+        const int token = TokenBeforeEnd(in);
         if (token == ';') {
             --in.pos;
             pendingComment = in.ReadRestOfLine();
@@ -177,7 +179,7 @@ void ParseLevels(WorldScanner& in) {
 }
 
 void ParseWorldMap(WorldScanner& in) {
-    while (OpensList(TokenBeforeEnd(in, 2), 4)) {
+    while (OpensList(TokenBeforeEnd(in), 4)) {
         const std::string word = in.ReadWord();
         if (word == "properties") {
             ParseProperties(in);
