@@ -11,11 +11,11 @@
 // else do nothing: a screen that its user has closed meanwhile does not come back.
 
 // MainFrm, the level editor.
-void LoadMainFrm();                          ///< makes the screen and runs its start-up, without showing it
-void ShowMainFrm();                          ///< shows it, also after the world editor has hidden it
-void SetMapXScrollMax(Int16 maximum);        ///< largest first column of the map view
-void UpdateDisplay();                        ///< redraws the whole screen from the records
-void ClearBadGuySlots();                     ///< forgets which bad guy each sprite shows
+void LoadMainFrm();                    ///< makes the screen and runs its start-up, without showing it
+void ShowMainFrm();                    ///< shows it, also after the world editor has hidden it
+void SetMapXScrollMax(Int16 maximum);  ///< largest first column of the map view
+void UpdateDisplay();                  ///< redraws the whole screen from the records
+void ClearBadGuySlots();               ///< forgets which bad guy each sprite shows
 
 // The side screens. What opening one takes from the screen below, its closing gives back before its Unload runs.
 void OpenVarsFrm();       ///< the variables of the level; MainFrm is busy until it closes
