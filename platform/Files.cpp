@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -82,8 +83,14 @@ Fault FaultOfErrno(int error) {
     }
 }
 
+/// Everything from the start. Memory for all of it is taken at once, if the stream knows how much that is: a large text
+/// that grows block by block costs more than to walk it.
 std::string ReadAll(std::FILE* stream) {
     std::string bytes;
+    if (std::fseek(stream, 0, SEEK_END) == 0) {
+        bytes.reserve(static_cast<std::size_t>(std::max(std::ftell(stream), 0L)));
+    }
+    std::rewind(stream);
     std::array<char, 65536> block{};
     while (const std::size_t count = std::fread(block.data(), 1, block.size(), stream)) {
         bytes.append(block.data(), count);
@@ -219,7 +226,6 @@ std::string ReadBytes(int number) {
     if (stream == nullptr) {
         return file.text;
     }
-    std::rewind(stream);
     return WithMemoryFaults([&] { return ReadAll(stream); });
 }
 
