@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -19,6 +20,16 @@ void ScreenCameToFront(const Screen& screen);
 void ScreenClosed(const Screen& screen);
 
 [[nodiscard]] bool AnyScreenLoaded();
+
+/// Shows the screens that have been loading for longer than `time` and have no window yet.
+void ShowScreensLoadedFor(std::chrono::milliseconds time);
+
+/// Makes the next yield look at the clock: another handler begins, and how fast its code is nobody knows.
+void LookAtNextYield();
+
+/// Sleeps until an event has come, and delivers what waits. Whoever waits has a window: one that is still loading is
+/// shown first.
+void SleepUntilEvent();
 
 /// The window that a message or a dialog stays in front of: that of the visible screen which came to the front last, or
 /// null.

@@ -15,23 +15,9 @@
 #include "platform/Screen.h"
 #include "platform/Surface.h"
 
-int yieldsUntilNextLook = 0;
-
 namespace {
 
 using Clock = std::chrono::steady_clock;
-using std::chrono::microseconds;
-using std::chrono::milliseconds;
-
-/// The pause between two deliveries: short enough to feel immediate, long enough to cost nothing.
-constexpr milliseconds DeliveryPause{8};
-
-/// The clock is read about this often between deliveries.
-constexpr microseconds LookPause{200};
-constexpr int MostYieldsWithoutLook = 4096;
-
-/// A screen that takes longer to load shows itself half-made, so that there is a window to close.
-constexpr milliseconds LoadingWithoutWindow{400};
 
 struct LoadedScreen {
     Screen* screen;
@@ -44,23 +30,6 @@ int runningHandlers = 0;
 bool lastScreenHasClosed = false;  // while handlers run that are to come to their ends
 bool onlyClosingIsInput = false;
 int closings = 0;
-int yieldsBetweenLooks = 1;
-Clock::time_point lastLook;
-Clock::time_point lastDelivery;
-
-void ShowScreensLoadedBefore(Clock::time_point time) {
-    const std::vector<LoadedScreen> candidates = screens;  // showing one brings it to the front
-    for (const LoadedScreen& loaded : candidates) {
-        if (loaded.since < time) {
-            loaded.screen->ShowIfNeverShown();
-        }
-    }
-}
-
-void SleepUntilEvent() {
-    ShowScreensLoadedBefore(Clock::now());
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 auto PlaceOf(const Screen& screen) {
     return std::ranges::find(screens, &screen, [](const LoadedScreen& loaded) { return loaded.screen; });
@@ -103,21 +72,6 @@ public:
 
 }  // namespace
 
-void LookAtEventQueue() {
-    const Clock::time_point now = Clock::now();
-    // Code that is slow between two yields looks at every one of them, fast code at few.
-    yieldsBetweenLooks = now - lastLook > LookPause ? std::max(yieldsBetweenLooks / 4, 1)
-                                                    : std::min(yieldsBetweenLooks * 2, MostYieldsWithoutLook);
-    lastLook = now;
-    yieldsUntilNextLook = yieldsBetweenLooks - 1;
-    if (now - lastDelivery < DeliveryPause) {
-        return;
-    }
-    ShowScreensLoadedBefore(now - LoadingWithoutWindow);
-    QCoreApplication::processEvents();
-    lastLook = lastDelivery = Clock::now();
-}
-
 void GiveUpAfterLastScreen() {
     if (lastScreenHasClosed) {
         throw GivenUp();
@@ -140,8 +94,7 @@ void WaitForClosing() {
 }
 
 void RunHandler(const std::function<void()>& handler) {
-    yieldsUntilNextLook = 0;
-    yieldsBetweenLooks = 1;
+    LookAtNextYield();
     ++runningHandlers;
     try {
         WithMemoryFaults(handler);
@@ -192,6 +145,16 @@ QWidget* FrontWindow() {
 bool TakesInput(const QWidget& widget) {
     const auto* surface = dynamic_cast<const Surface*>(widget.window());
     return surface == nullptr || (surface->takesInput && !onlyClosingIsInput);
+}
+
+void ShowScreensLoadedFor(std::chrono::milliseconds time) {
+    const Clock::time_point since = Clock::now() - time;
+    const std::vector<LoadedScreen> candidates = screens;  // showing one brings it to the front
+    for (const LoadedScreen& loaded : candidates) {
+        if (loaded.since < since) {
+            loaded.screen->ShowIfNeverShown();
+        }
+    }
 }
 
 bool AnyScreenLoaded() { return !screens.empty(); }
