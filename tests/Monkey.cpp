@@ -1,19 +1,5 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QScrollBar>
-#include <QTest>
-#include <QThread>
-#include <QTimer>
-#include <QWheelEvent>
-#include <QWindow>
-#include <algorithm>
-#include <csignal>
+#include <QtTest>
+#include <QtWidgets>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -37,28 +23,21 @@
 #include "sidescreens/HelpFrm.h"
 #include "world/WorldWriter.h"
 
-// A monkey at the mouse and the keys: does random things to all screens, also in the yields and waits of what it has
-// done before, and answers every question at random. Each run is a process and a folder of its own, from the start of
-// the program to its end, which must be one of Ends(). What a seed does is the same each time.
-//
-//     monkey [--seed N] [--actions N] [--verbose]
+// One run of the program with a monkey at the mouse and the keys: it does random things to all screens, also in the
+// yields of what it has done before, and answers every question at random, until the program ends. It prints what it
+// does, and last what it has found. The same seed does the same. tests/monkey starts it in a folder of its own.
 
 namespace {
 
 namespace fs = std::filesystem;
+using FilesAndTexts = std::map<std::string, std::string>;
 
-constexpr int LongestRun = 300;        // actions; then all screens are closed
-constexpr int LongestClosing = 1'000;  // a world is asked about again and again
-constexpr int DeepestYield = 6;
-constexpr unsigned LongestAction = 30;  // seconds, in which a machine with other work may be slow
-
-std::mt19937 chance;  // unlike those of the library's distributions, its numbers are the same everywhere
-int actionsLeft = LongestRun;
-std::ofstream journal;
-std::vector<std::string> underWay;               // what is being done, the innermost last
-std::map<std::string, std::string> textsBefore;  // of all files, by their paths
-std::set<std::string> textsComposed;
-std::string lastInput;
+std::mt19937 chance;             // unlike those of the library's distributions, its numbers are the same everywhere
+int actionsLeft = 300;           // then all screens are closed
+std::vector<std::string> doing;  // the innermost last
+FilesAndTexts before;            // the run
+std::set<std::string> composed;  // whole texts
+std::string enteredName;         // in the last input box
 bool preferencesAreBroken = false;
 
 int Below(int bound) { return static_cast<int>(chance() % static_cast<unsigned>(bound)); }
@@ -69,19 +48,14 @@ const auto& AnyOf(const List& list) {
     return *std::next(std::begin(list), Below(static_cast<int>(std::size(list))));
 }
 
-void Tell(const std::string& line) { journal << std::string(underWay.size(), ' ') << line << std::endl; }
+void Tell(const std::string& line) { std::cout << std::string(doing.size(), ' ') << line << std::endl; }
 
-[[noreturn]] void Find(const std::string& what) {
-    Tell("FOUND " + what);
-    std::_Exit(EXIT_FAILURE);
+[[noreturn]] void EndRun(const std::string& how, int status = EXIT_FAILURE) {
+    Tell((status == EXIT_SUCCESS ? "ended by " : "FOUND ") + how);
+    std::_Exit(status);
 }
 
-std::string TextOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-// ---- What must always hold
+// What must always hold.
 
 std::vector<Surface*> Windows() {
     std::vector<Surface*> windows;
@@ -94,180 +68,156 @@ std::vector<Surface*> Windows() {
     return windows;
 }
 
-/// The number boxes, where a text that is no number ends the program.
-const std::set<QString> NumberBoxes{"StartXBox",    "StartYBox",    "TimeBox",      "WidthBox",     "BkgRedTopBox",
-                                    "BkgGrnTopBox", "BkgBluTopBox", "BkgRedBtmBox", "BkgGrnBtmBox", "BkgBluBtmBox",
-                                    "XBox",         "YBox",         "DestXBox",     "DestYBox"};
-
-bool ANumberBoxRaises(FaultNumber number) {
+template <typename Control>
+std::vector<const Control*> ControlsNamed(const char* pattern) {
+    std::vector<const Control*> controls;
     for (const Surface* window : Windows()) {
-        for (const QLineEdit* box : window->findChildren<QLineEdit*>()) {
-            try {
-                if (box->isVisible() && NumberBoxes.contains(box->objectName())) {
-                    (void)TextToInt16(box->text().toStdString());
-                }
-            } catch (const Fault& fault) {
-                if (fault.Number() == number) {
-                    return true;
-                }
-            }
+        for (const Control* control : window->findChildren<Control*>(QRegularExpression(pattern))) {
+            controls.push_back(control);
+        }
+    }
+    return controls;
+}
+
+/// Whether a box, where a text that is no number ends the program, raises this fault.
+bool ABoxRaises(FaultNumber number) {
+    return std::ranges::any_of(ControlsNamed<QLineEdit>("^((Start|Dest|)[XY]|Time|Width|Height|Bkg.*(Top|Btm))Box$"),
+                               [&](auto* box) {
+                                   try {
+                                       return TextToInt16(box->text().toStdString()) != TextToInt16("0") && false;
+                                   } catch (const Fault& fault) {
+                                       return fault.Number() == number;
+                                   }
+                               });
+}
+
+int Scrolled(const char* bar) {
+    const auto bars = ControlsNamed<QScrollBar>(bar);
+    return bars.empty() ? 0 : bars[0]->value();
+}
+
+template <typename Test>
+bool AnyUpTo(int last, Test test) {
+    for (int i = 0; i <= last; ++i) {
+        if (test(i)) {
+            return true;
         }
     }
     return false;
-}
-
-/// The control of an open screen, or null.
-template <typename Control>
-Control* ControlOf(const QString& screen, const QString& name) {
-    for (const Surface* window : Windows()) {
-        if (auto* control = window->findChild<Control*>(name); window->objectName() == screen) {
-            return control;
-        }
-    }
-    return nullptr;
-}
-
-int Scrolled(const QString& screen, const QString& name) {
-    const auto* bar = ControlOf<QScrollBar>(screen, name);
-    return bar != nullptr ? bar->value() : 0;
 }
 
 bool IsSmaller(const TileMap& map, int columns, int rows) { return map.Columns() < columns || map.Rows() < rows; }
 
-bool LayersAreMissing() {
-    const Level& level = LevelRecord;
-    return std::ranges::any_of(
-        std::array{&level.background_tm, &level.foreground_tm, &level.interactive_tm},
-        [&](const TileMap* map) { return IsSmaller(*map, std::max<int>(LevelRecord.width, ViewColumns), LevelRows); });
+bool ALayerIsMissing() {
+    const int width = std::max<int>(LevelRecord.width, ViewColumns);
+    return IsSmaller(LevelRecord.background_tm, width, LevelRows) ||
+           IsSmaller(LevelRecord.interactive_tm, width, LevelRows) ||
+           IsSmaller(LevelRecord.foreground_tm, width, LevelRows);
 }
 
-bool AResetPointIsBelowTheView() {
-    for (int i = 1; i <= LevelRecord.reset_points.Last(); ++i) {
-        if (LevelRecord.reset_points[i].y >= LevelRows * TileSize) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool AWorldTileHasNoPicture() {
+bool ATileHasNoPicture() {
     const TileMap& tiles = WorldRecord.tiles;
-    for (int cell = 0; cell < tiles.Columns() * tiles.Rows(); ++cell) {
-        if (const Int16 tile = tiles(cell % tiles.Columns(), cell / tiles.Columns()); tile < 0 || tile > 76) {
-            return true;
-        }
-    }
-    return false;
+    return AnyUpTo(tiles.Columns() * tiles.Rows() - 1, [&](int cell) {
+        const Int16 tile = tiles(cell % tiles.Columns(), cell / tiles.Columns());
+        return tile < 0 || tile > 76;
+    });
 }
 
-bool TheBadGuyIsBeyondItsBars() {
-    const Level& level = LevelRecord;
-    if (SelectedBadGuy < 0 || SelectedBadGuy > level.objects.Last()) {
-        return false;
-    }
-    const BadGuy& badGuy = level.objects[SelectedBadGuy];
-    return badGuy.x > (level.width - 1) * TileSize - 1 || badGuy.y > (level.height - 1) * TileSize - 1;
+bool IsBeyondItsBars(int badGuy) {
+    const BadGuy& selected = LevelRecord.objects[badGuy];
+    return badGuy == SelectedBadGuy &&
+           (selected.x >= (LevelRecord.width - 1) * TileSize || selected.y >= (LevelRecord.height - 1) * TileSize);
 }
 
 bool TheSetCannotBeMade() {
-    const std::string set = JoinPath(UserLevelsFolder, lastInput);
-    return FolderExists(set) || !FolderExists(FolderOf(set)) || lastInput.size() > 255;
+    const std::string set = JoinPath(UserLevelsFolder, enteredName);
+    return FolderExists(set) || !FolderExists(FolderOf(set)) || enteredName.size() > 255;
 }
 
 bool TheInfoCannotBeWritten() {
-    const auto* box = ControlOf<QLabel>("NukTextFrm", "InfoNameBox");
-    const std::string folder = box != nullptr ? FolderOf(box->accessibleName().toStdString()) : "/";
+    const auto boxes = ControlsNamed<QLabel>("^InfoNameBox");
+    const std::string folder = boxes.empty() ? "/" : FolderOf(boxes[0]->accessibleName().toStdString());
     return !FolderExists(folder) || FolderExists(folder + "info");
 }
 
-bool TheLastWorldIsBroken() { return WorldLoaded == False && FileNameOf(WorldPath).starts_with("broken"); }
-
 struct Ending {
-    std::set<int> numbers;
+    std::set<int> faults;
     const char* what;
     bool (*may)();
 };
 
 /// How the program may end besides by its last screen, and when.
-const std::vector<Ending>& Ends() {
-    static const std::vector<Ending> ends{
-        {{13}, "a number box without a number", [] { return ANumberBoxRaises(FaultNumber::TypeMismatch); }},
-        {{6}, "a number box beyond 16 bits", [] { return ANumberBoxRaises(FaultNumber::Overflow); }},
-        {{6}, "a level that is too wide", [] { return LevelRecord.width > 1023; }},
-        {{6},
-         "the map's end without a level",
-         [] { return LevelLoaded == False && Scrolled("MainFrm", "MapXScroll") > 1000; }},
-        {{6},
-         "a reset point beyond column 1013",
-         [] { return CurrentTile == 131 && Scrolled("MainFrm", "MapXScroll") + ViewColumns > 1013; }},
-        {{9}, "an ending for a narrow level", [] { return PrefsRecord.AddEndState > 0 && LevelRecord.width < 22; }},
-        {{9}, "layers that are smaller than the level", LayersAreMissing},
-        {{9}, "a deletion from an empty list", [] { return LevelRecord.BadGuyCount < 0; }},
-        {{9}, "a reset point below the view", AResetPointIsBelowTheView},
+const std::vector<Ending>& Endings() {
+    static const std::vector<Ending> endings{
+        {{13}, "a box without a number", [] { return ABoxRaises(FaultNumber::TypeMismatch); }},
+        {{6}, "a box with too large a number", [] { return ABoxRaises(FaultNumber::Overflow); }},
+        {{6}, "a level too wide", [] { return LevelRecord.width > 1023; }},
+        {{6}, "the far end of no level", [] { return LevelLoaded == False && Scrolled("^MapXScroll") > 1000; }},
+        {{6}, "a far reset point", [] { return CurrentTile == 131 && Scrolled("^MapXScroll") > 1013 - ViewColumns; }},
+        {{9}, "a short level's ending", [] { return PrefsRecord.AddEndState > 0 && LevelRecord.width < 22; }},
+        {{9}, "a level without its layers", ALayerIsMissing},
+        {{9}, "a bad guy too few", [] { return LevelRecord.BadGuyCount < 0; }},
         {{9},
-         "a world with fewer tiles than its size",
+         "a deep reset point",
+         [] {
+             return AnyUpTo(LevelRecord.reset_points.Last(),
+                            [](int i) { return LevelRecord.reset_points[i].y >= LevelRows * TileSize; });
+         }},
+        {{9},
+         "a world without its tiles",
          [] { return IsSmaller(WorldRecord.tiles, WorldRecord.width, WorldRecord.height); }},
-        {{9},
-         "an empty world tile, or one behind the last",
-         [] { return WorldCurrentTile < 1 || WorldCurrentTile > 76; }},
-        {{9}, "the end of the world's favorites", [] { return Scrolled("WorldFrm", "TileScroll") > 10; }},
+        {{9}, "no tile to paint with", [] { return WorldCurrentTile < 1 || WorldCurrentTile > 76; }},
+        {{9}, "a favorite behind the last", [] { return Scrolled("^TileScroll") > 10; }},
         {{9}, "the 64th link", [] { return WorldRecord.LinkCount > 63; }},
-        {{9}, "a world's tile without a picture", AWorldTileHasNoPicture},
-        {{380}, "a bad guy beyond the bars", TheBadGuyIsBeyondItsBars},
-        {{380}, "a world beyond the bars", [] { return WorldRecord.width > 512 || WorldRecord.height > 256; }},
-        {{481}, "a background that is no picture", [] { return ControlOf<QWidget>("BackGndFrm", "OKCmd") != nullptr; }},
+        {{9}, "a tile without a picture", ATileHasNoPicture},
+        {{380}, "a bad guy beyond its bars", [] { return AnyUpTo(LevelRecord.objects.Last(), IsBeyondItsBars); }},
+        {{380}, "a world beyond its bars", [] { return WorldRecord.width > 512 || WorldRecord.height > 256; }},
+        {{481}, "a background that is no picture", [] { return !ControlsNamed<QWidget>("^ImageFiles").empty(); }},
         {{52, 75, 76}, "a set that cannot be made", TheSetCannotBeMade},
         {{52, 75, 76}, "an INFO file that cannot be written", TheInfoCannotBeWritten},
         {{76}, "no backgrounds", [] { return !FolderExists(BackgroundFolder); }},
-        {{6, 9, 13, 62}, "a broken world at the editor's start", TheLastWorldIsBroken},
+        {{6, 9, 13, 62},
+         "a broken world at the start of its editor",
+         [] { return WorldLoaded == False && FileNameOf(WorldPath).starts_with("broken"); }},
     };
-    return ends;
-}
-
-[[noreturn]] void End(const std::string& how) {
-    Tell("ended by " + how);
-    std::_Exit(EXIT_SUCCESS);
+    return endings;
 }
 
 /// What is composed between two of these calls, and then written, is a whole text.
-void NoteTexts() {
-    for (const std::string* text : {&LevelText, &WorldOutput, &InfoText, &HelpText}) {
-        if (!text->empty()) {
-            textsComposed.insert(*text);
-        }
-    }
-}
+void NoteTexts() { composed.insert({LevelText, WorldOutput, InfoText, HelpText}); }
 
-std::map<std::string, std::string> TextsOfFiles() {
-    std::map<std::string, std::string> texts;
+FilesAndTexts Files() {
+    FilesAndTexts files;
     for (const auto& entry : fs::recursive_directory_iterator(ProgramFolder)) {
-        if (entry.is_regular_file() && entry.path().filename() != "journal") {
-            texts[entry.path()] = TextOf(entry.path());
+        if (entry.is_regular_file()) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            files[entry.path()] = {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
         }
     }
-    return texts;
+    return files;
 }
 
+/// Every file has its old text or a whole new one. Preferences are whole if saving what they hold changes nothing.
 void CheckFiles() {
-    NoteTexts();
-    const std::map<std::string, std::string> texts = TextsOfFiles();
-    for (const auto& [path, text] : texts) {
-        const auto before = textsBefore.find(path);
-        if ((before == textsBefore.end() || before->second != text) && !textsComposed.contains(text) &&
-            path != PreferencesPath()) {
-            Find("a file that is neither the old nor a whole new text: " + path);
+    const FilesAndTexts files = Files();
+    const std::string preferences = PreferencesPath();
+    composed.erase("");
+    for (const auto& [path, text] : before) {
+        if (!files.contains(path)) {
+            EndRun("a lost file: " + path);
         }
     }
-    for (const auto& [path, text] : textsBefore) {
-        if (!texts.contains(path)) {
-            Find("a lost file: " + path);
+    for (const auto& [path, text] : files) {
+        const auto old = before.find(path);
+        if (composed.contains(text) || (old != before.end() && old->second == text)) {
+            continue;
         }
-    }
-    if (const std::string path = PreferencesPath(); texts.contains(path) && texts.at(path) != textsBefore[path]) {
-        LoadPreferences();
-        SavePreferences();  // what a part of them lacks would be added
-        if (TextOf(path) != texts.at(path) && !textsComposed.contains(texts.at(path))) {
-            Find("preferences that are not whole");
+        if (path == preferences) {
+            LoadPreferences();
+            SavePreferences();
+        }
+        if (path != preferences || Files()[path] != text) {
+            EndRun("a torn file: " + path);
         }
     }
 }
@@ -289,12 +239,12 @@ void CheckScreens(const std::vector<Surface*>& windows) {
     for (const Surface* window : windows) {
         const QString name = window->objectName();
         if (window->takesInput ? above[name] > 0 && !coveredTwice.contains(name) : above[name] == 0) {
-            Find(name.toStdString() + (window->takesInput ? " works below another screen" : " stays deaf"));
+            EndRun(name.toStdString() + (window->takesInput ? " works below another screen" : " stays deaf"));
         }
     }
 }
 
-// ---- What it does
+// What it does.
 
 struct Target {
     QPointer<Surface> window;
@@ -307,8 +257,8 @@ struct Target {
 };
 
 QPoint AnyPointIn(const QRect& area) {
-    const int across = Below(std::max(area.width(), 1));
-    return area.topLeft() + QPoint(across, Below(std::max(area.height(), 1)));
+    const int right = Below(std::max(area.width(), 1));
+    return area.topLeft() + QPoint(right, Below(std::max(area.height(), 1)));
 }
 
 /// A point on one of the cells and controls that can be seen. Arrays count as one, so that the map is not all.
@@ -318,7 +268,7 @@ Target AnyTarget(Surface& window) {
     }
     std::map<std::string, std::vector<std::pair<std::string, QRect>>> areas;
     const auto add = [&](const std::string& name, const QRect& area) {
-        areas[name.substr(0, name.find('('))].emplace_back(name, area);
+        areas[name.substr(0, name.find('('))].emplace_back(name, area & window.rect());
     };
     for (const ImageCell* cell : window.Cells()) {
         if (window.IsShown(*cell)) {
@@ -332,8 +282,7 @@ Target AnyTarget(Surface& window) {
     }
     const auto toolbar = std::ranges::find_if(areas, [](const auto& array) { return array.first.ends_with("TB"); });
     const auto& [name, area] = AnyOf(toolbar != areas.end() && OneIn(6) ? toolbar->second : AnyOf(areas).second);
-    const QPoint at = AnyPointIn(area);
-    return {&window, name, {std::clamp(at.x(), 0, window.width() - 1), std::clamp(at.y(), 0, window.height() - 1)}};
+    return {&window, name, AnyPointIn(area)};
 }
 
 /// The press that has not been let go: nobody has two hands on a mouse.
@@ -352,32 +301,24 @@ void Release() {
     }
 }
 
-void PressButton(const Target& target, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {}) {
+template <Qt::MouseButton Button, bool Twice = false, bool Drags = false>
+void Click(const Target& target) {
     if (QWindow* window = target.Handle()) {
         QTest::mouseMove(window, target.at);
     }
     if (QWindow* window = target.Handle()) {
-        held = {window, button, target.at};
-        QTest::mousePress(window, button, modifiers, target.at);
+        held = {window, Button, target.at};
+        QTest::mousePress(window, Button, OneIn(3) ? Qt::ShiftModifier : Qt::NoModifier, target.at);
     }
-}
-
-template <Qt::MouseButton Button, int Times = 1>
-void Click(const Target& target) {
-    for (int i = 0; i < Times; ++i) {
-        QTest::lastMouseTimestamp -= i * QTest::mouseDoubleClickInterval;
-        PressButton(target, Button, OneIn(3) ? Qt::ShiftModifier : Qt::NoModifier);
-        Release();
-    }
-}
-
-void Drag(const Target& target) {
-    PressButton(target, Qt::LeftButton);
-    if (held.window != nullptr) {
+    if (Drags && held.window != nullptr) {
         held.at = AnyTarget(*target.window).at;
         QTest::mouseMove(held.window, held.at);
     }
     Release();
+    if (Twice) {
+        QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
+        Click<Button>(target);
+    }
 }
 
 void Wheel(const Target& target) {
@@ -391,40 +332,41 @@ void Press(const Target& target, Qt::Key key, Qt::KeyboardModifiers modifiers = 
     const char character = QTest::keyToAscii(key);
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         if (QWindow* window = target.Handle()) {
-            qt_handleKeyEvent(window, type, key, modifiers, character != 0 ? QString(QLatin1Char(character)) : "",
-                              false, 1);
+            qt_handleKeyEvent(window, type, key, modifiers, character != 0 ? QString(QLatin1Char(character)) : "");
         }
     }
 }
 
-void Key(const Target& target) {
-    static constexpr Qt::Key Keys[] = {
-        Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Space, Qt::Key_Escape, Qt::Key_Left,   Qt::Key_Right,
-        Qt::Key_Up,  Qt::Key_Down,    Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageUp, Qt::Key_Delete, Qt::Key_A,
-        Qt::Key_V,   Qt::Key_Z,       Qt::Key_X,      Qt::Key_5,     Qt::Key_Period, Qt::Key_Minus,  Qt::Key_PageDown};
-    Press(target, AnyOf(Keys),
-          AnyOf(std::array{Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier}));
+void PressAnyKey(const Target& target) {
+    static constexpr Qt::Key Keys[] = {Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Return,   Qt::Key_Space, Qt::Key_Escape,
+                                       Qt::Key_Left, Qt::Key_Right,   Qt::Key_PageDown, Qt::Key_Down,  Qt::Key_Home,
+                                       Qt::Key_End,  Qt::Key_PageUp,  Qt::Key_Delete,   Qt::Key_A,     Qt::Key_V,
+                                       Qt::Key_Z,    Qt::Key_X,       Qt::Key_Up,       Qt::Key_5,     Qt::Key_Period};
+    const Qt::KeyboardModifiers modifiers[] = {{}, {}, Qt::ShiftModifier, Qt::ControlModifier};
+    const Qt::Key key = AnyOf(Keys);
+    Press(target, key, AnyOf(modifiers));
 }
 
 std::string AnyText() {
-    static const std::vector<std::string> Texts{
-        "",     "0",   "1",    "2",    "7",     "12",    "18",    "21",  "25",      "40",          "90",
-        "300",  "512", "1024", "9999", "32767", "32768", "-5",    "1.5", "a b",     "\"quoted\")", "\xC3\xBC",
-        "x\ny", "t",   ";;c",  "#t",   "..",    "\xFF",  "(name", "nuk", "1000000", "19",          "Title"};
+    static const std::vector<std::string> Texts{"",    "0",    "1",   "2",     "7",   "12",      "18",       "21",
+                                                "25",  "40",   "90",  "300",   "512", "1024",    "32767",    "32768",
+                                                "-5",  "1.5",  "a b", "\xFF",  ";c",  "\"no\")", "..",       "(name",
+                                                "nuk", "x\ny", "19",  "Title", "#t",  "-",       "\xC3\xBC", "1000000"};
     return OneIn(20) ? std::string(400, 'w') : AnyOf(Texts);
 }
 
 void Write(const Target& target) {
     Click<Qt::LeftButton>(target);
     Press(target, Qt::Key_A, Qt::ControlModifier);
-    if (const std::string text = AnyText(); OneIn(4)) {
+    const std::string text = AnyText();
+    if (OneIn(4)) {
         QGuiApplication::clipboard()->setText(QString::fromStdString(text));
         Press(target, Qt::Key_V, Qt::ControlModifier);
-    } else {
-        for (const char c : text) {
-            if (c >= ' ') {
-                Press(target, QTest::asciiToKey(c));
-            }
+        return;
+    }
+    for (const char c : text) {
+        if (c >= ' ') {
+            Press(target, QTest::asciiToKey(c));
         }
     }
 }
@@ -441,29 +383,21 @@ struct Kind {
     void (*act)(const Target& target);
 };
 
-constexpr Kind Kinds[] = {
-    {"click", 40, Click<Qt::LeftButton>},
-    {"right", 10, Click<Qt::RightButton>},
-    {"middle", 1, Click<Qt::MiddleButton>},
-    {"double", 2, Click<Qt::LeftButton, 2>},
-    {"drag", 3, Drag},
-    {"wheel", 5, Wheel},
-    {"key", 12, Key},
-    {"write", 10, Write},
-    {"close", 2, Close},
-};
-
-const Kind& AnyKind() {
-    int place = Below(85);
-    return *std::ranges::find_if(Kinds, [&](const Kind& kind) { return (place -= kind.weight) < 0; });
-}
+constexpr Kind Kinds[] = {{"click", 40, Click<Qt::LeftButton>},
+                          {"right", 10, Click<Qt::RightButton>},
+                          {"middle", 1, Click<Qt::MiddleButton>},
+                          {"double", 2, Click<Qt::LeftButton, true>},
+                          {"drag", 3, Click<Qt::LeftButton, false, true>},
+                          {"wheel", 5, Wheel},
+                          {"key", 12, PressAnyKey},
+                          {"write", 10, Write},
+                          {"close", 2, Close}};
 
 void Act() {
     Release();
-    alarm(LongestAction);
     NoteTexts();
     std::vector<Surface*> windows = Windows();
-    if (underWay.empty()) {  // a screen that is closing has given its input back already
+    if (doing.empty()) {  // a screen that is closing has given the input back already
         CheckScreens(windows);
     }
     if (!OneIn(8)) {
@@ -472,15 +406,13 @@ void Act() {
     if (windows.empty()) {
         return;
     }
-    if (--actionsLeft < -LongestClosing) {
-        Find("screens that do not close");
-    }
     Surface& window = *AnyOf(windows);
     const Target target = AnyTarget(window);
-    const Kind& kind = actionsLeft < 0 ? *std::ranges::find(Kinds, &Close, &Kind::act) : AnyKind();
+    int place = --actionsLeft < 0 ? 84 : Below(85);
+    const Kind& kind = *std::ranges::find_if(Kinds, [&](const Kind& k) { return (place -= k.weight) < 0; });
     std::string what = kind.name + (" " + window.objectName().toStdString()) + " " + target.name;
     Tell(what + " " + std::to_string(target.at.x()) + " " + std::to_string(target.at.y()));
-    underWay.push_back(std::move(what));
+    doing.push_back(std::move(what));
     // What the toolkit itself waits for (a drag, a menu) comes by a timer: one that runs already does not go off.
     QTimer inner;
     QObject::connect(&inner, &QTimer::timeout, &inner, [level = QThread::currentThread()->loopLevel()] {
@@ -491,70 +423,46 @@ void Act() {
     inner.start(0);
     kind.act(target);
     NoteTexts();
-    underWay.pop_back();
+    doing.pop_back();
 }
 
-// ---- Where it does it
+// Where it does it.
 
-/// A sample file that has been damaged.
-std::string Broken(std::string text) {
-    if (text.empty()) {
-        return text;
-    }
-    const auto at = [&] { return static_cast<std::size_t>(Below(static_cast<int>(text.size()))); };
-    switch (Below(6)) {
-        case 0: return "";
-        case 1: return text.substr(0, at());
-        case 2: std::erase(text, '\n'); return text;
-        case 3: text.erase(at(), 1); return text;
-        case 4: text.insert(at(), AnyText()); return text;
-        default:
-            for (int i = 0; i < 20; ++i) {
-                text[at()] = static_cast<char>(OneIn(2) ? '0' + Below(10) : Below(256));
-            }
-            return text;
-    }
-}
-
-std::vector<std::string> PathsEndingIn(const std::string& ending) {
-    std::vector<std::string> paths;
-    for (const auto& [path, text] : TextsOfFiles()) {
-        if (path.ends_with(ending)) {
-            paths.push_back(path);
-        }
-    }
-    return paths;
-}
-
+/// The path of a file of this kind, more often than not of one that is there.
 std::string AnyPath(const std::string& ending) {
-    switch (Below(8)) {
-        case 0: return ProgramFolder + "/no such" + ending;
-        case 1: return ProgramFolder + "/no/such" + ending;
-        case 2: return OneIn(2) ? UserLevelsFolder : AnyOf(PathsEndingIn(""));
-        default: const std::vector<std::string> paths = PathsEndingIn(ending); return paths.empty() ? "" : AnyOf(paths);
+    FilesAndTexts files = Files();
+    std::erase_if(files, [&](const auto& file) { return !file.first.ends_with(ending); });
+    const int way = Below(8);
+    if (files.empty() || way < 2) {
+        return ProgramFolder + (way == 0 ? "/no/such" : "/no such") + ending;
+    }
+    return way == 2 ? UserLevelsFolder : AnyOf(files).first;
+}
+
+void Damage(std::string& text) {
+    if (OneIn(3)) {
+        text.resize(static_cast<std::size_t>(Below(static_cast<int>(text.size()) + 1)));
+    } else if (OneIn(6)) {
+        std::erase(text, '\n');
+    }
+    for (int i = Below(20); i > 0 && !text.empty(); --i) {
+        const auto at = static_cast<std::size_t>(Below(static_cast<int>(text.size())));
+        text[at] = static_cast<char>(OneIn(2) ? '0' + Below(10) : Below(256));
     }
 }
 
-std::string ChooseFile(const FileDialogSetup& setup) {
-    NoteTexts();
-    QCoreApplication::processEvents();
-    if (OneIn(5)) {
-        throw Fault(FaultNumber::CancelWasSelected);
-    }
-    std::string path = AnyPath(setup.filter.substr(setup.filter.find('|') + 2));
-    Tell("chose " + path);
-    return path;
+void Store(const std::string& name, const std::string& text) {
+    std::ofstream(JoinPath(ProgramFolder, name), std::ios::binary) << text;
 }
 
-void MakePlace() {
+void MakeFiles() {
     InitConstants();
     fs::copy(SAMPLE_GAME_FOLDER, GameFolder, fs::copy_options::recursive);
-    std::ofstream(fs::path(ProgramFolder) / "FB_Editor.Help") << "Help\r\n";
-    for (const char* ending : {".fbl", ".fbwm"}) {
-        for (int i = 0; i < 3; ++i) {
-            const std::string text = Broken(TextOf(AnyOf(PathsEndingIn(ending))));
-            std::ofstream(ProgramFolder + "/broken" + std::to_string(i) + ending, std::ios::binary) << text;
-        }
+    Store("FB_Editor.Help", "Help\r\n");
+    for (const std::string ending : {"0.fbl", "1.fbl", "2.fbl", "3.fbwm", "4.fbwm"}) {
+        std::string text = Files()[AnyPath(ending.substr(1))];
+        Damage(text);
+        Store("broken" + ending, text);
     }
     if (OneIn(20)) {
         fs::remove_all(OneIn(2) ? BackgroundFolder : UserLevelsFolder);
@@ -566,128 +474,73 @@ void MakePlace() {
 
 void MakePreferences() {
     Preferences& p = PrefsRecord;
-    const auto fill = [](auto& numbers, int bound) { std::ranges::generate(numbers, [=] { return Below(bound); }); };
-    fill(p.FavoritesA, 205);
-    fill(p.FavoritesB, 205);
-    fill(p.WorldFavorites, 77);
-    for (Int16* number : {&p.SavedLayer, &p.SavedMode, &p.SavedObject, &p.SavedWorldMode}) {
-        *number = Below(4);
+    for (auto* favorites : {&p.FavoritesA, &p.FavoritesB}) {
+        std::ranges::generate(*favorites, [] { return Below(LastTile + 1); });
     }
-    for (Int16* number : {&p.GridState, &p.AutoState, &p.SavedTileSet, &p.AddEndState, &p.ResetState, &p.IglooState}) {
-        *number = Below(2);
+    std::ranges::generate(p.WorldFavorites, [] { return Below(77); });
+    for (Int16* number : {&p.SavedLayer, &p.SavedMode, &p.SavedObject, &p.SavedWorldMode, &p.SavedTileSet, &p.GridState,
+                          &p.AutoState, &p.AddEndState, &p.ResetState, &p.IglooState}) {
+        *number = Below(2) * Below(3);
     }
-    p.SavedTile = p.FloorTile = Below(205);
-    p.SavedScroll = p.SavedWorldX = p.SavedWorldY = Below(100);
+    p.SavedTile = p.FloorTile = p.SavedScroll = p.SavedWorldX = p.SavedWorldY = Below(LastTile + 1);
     LevelPath = OneIn(3) ? "" : AnyPath(".fbl");
     WorldPath = OneIn(3) ? "" : AnyPath(".fbwm");
     SavePreferences();
     preferencesAreBroken = OneIn(12);
     if (preferencesAreBroken) {
-        std::string text = TextOf(PreferencesPath());
+        std::string text(1000, ' ');
         std::ranges::generate(text, [] { return static_cast<char>(Below(256)); });
-        std::ofstream(PreferencesPath(), std::ios::binary) << text;
+        Store("FB_Editor.Preferences", text);
     }
     PrefsRecord = {};
 }
 
-int Run(unsigned seed, int argc, char** argv) {
-    chance.seed(seed);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("LC_ALL", "C.UTF-8");
-    qputenv("HOME", ProgramFolder.c_str());
-    qputenv("XDG_RUNTIME_DIR", ProgramFolder.c_str());
-    qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& message) { Tell("warned " + message.toStdString()); });
-    MakePlace();
-    if (!OneIn(6)) {
-        MakePreferences();
-    }
-    textsBefore = TextsOfFiles();
-    const int status = RunApplication(argc, argv, [] {
-        auto* timer = new QTimer(qApp);
-        QObject::connect(timer, &QTimer::timeout, timer, Act);
-        timer->start(0);
-        Main();
-    });
-    if (AnyScreenLoaded() || !underWay.empty()) {
-        Find("an end that is none");
-    }
-    CheckFiles();
-    Tell("ended by closing");
-    return status;
-}
-
-/// Gives the lines of the run's journal; ends the program if the run has found something.
-std::vector<std::string> RunInProcess(unsigned seed, int argc, char** argv) {
-    std::string pattern = fs::temp_directory_path() / "fb_monkey_XXXXXX";
-    ProgramFolder = mkdtemp(pattern.data());
-    const std::string journalPath = ProgramFolder + "/journal";
-    int status = 0;
-    if (const pid_t child = fork(); child == 0) {
-        fs::current_path(ProgramFolder);
-        journal.open(journalPath);
-        std::exit(Run(seed, argc, argv));
-    } else {
-        waitpid(child, &status, 0);
-    }
-    std::ifstream file(journalPath);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) {
-        lines.push_back(line);
-    }
-    fs::remove_all(ProgramFolder);
-    if (status != 0) {
-        std::ranges::copy(lines.end() - std::min<std::ptrdiff_t>(std::ssize(lines), 40), lines.end(),
-                          std::ostream_iterator<std::string>(std::cerr, "\n"));
-        std::cerr << "Run with --seed " << seed
-                  << " --actions 1: " << (WIFSIGNALED(status) ? strsignal(WTERMSIG(status)) : "failed") << "\n";
-        std::exit(EXIT_FAILURE);
-    }
-    return lines;
+std::string ChooseFile(const FileDialogSetup& setup) {
+    QCoreApplication::processEvents();
+    std::string path = AnyPath(setup.filter.substr(setup.filter.find('|') + 2));
+    Tell("chose " + path);
+    return OneIn(5) ? throw Fault(FaultNumber::CancelWasSelected) : path;
 }
 
 }  // namespace
 
-// ---- Doubles of the dialogs and of the pace, which let it in
+// Doubles of the dialogs, and of the pace of yields, in which it acts.
 
 Int16 ShowMessage(const std::string& text, const std::string& title, MessageButtons buttons, MessageIcon) {
-    NoteTexts();
+    static const std::map<MessageButtons, std::vector<int>> Answers{
+        {MessageButtons::Ok, {AnswerOk}},
+        {MessageButtons::YesNo, {AnswerYes, AnswerNo}},
+        {MessageButtons::YesNoCancel, {AnswerYes, AnswerYes, AnswerNo, AnswerCancel}}};
     QCoreApplication::processEvents();
-    const int answer = buttons == MessageButtons::Ok ? AnswerOk
-                       : buttons == MessageButtons::YesNo
-                           ? AnswerYes + Below(2)
-                           : AnyOf(std::array{AnswerYes, AnswerYes, AnswerNo, AnswerCancel});
+    const int answer = AnyOf(Answers.at(buttons));
     Tell("answered " + std::to_string(answer) + " to " + title + ": " + text);
     return answer;
 }
 
-std::string InputBox(const std::string&, const std::string&) {
-    lastInput = AnyText();
-    Tell("entered " + lastInput);
-    return lastInput;
-}
+std::string InputBox(const std::string&, const std::string&) { return enteredName = AnyText(); }
 
 std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
 std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
 void EndWithFault(const Fault& fault, const std::string& advice) {
+    NoteTexts();
     CheckFiles();
     const int number = static_cast<int>(fault.Number());
-    for (const Ending& end : Ends()) {
-        if (end.numbers.contains(number) && end.may()) {
-            End(std::to_string(number) + ": " + end.what);
+    for (const Ending& ending : Endings()) {
+        if (ending.faults.contains(number) && ending.may()) {
+            EndRun(std::to_string(number) + ": " + ending.what, EXIT_SUCCESS);
         }
     }
     if (preferencesAreBroken && !advice.empty()) {
-        End("broken preferences");
+        EndRun("broken preferences", EXIT_SUCCESS);
     }
-    Find("fault " + std::to_string(number) + (underWay.empty() ? "" : " by: " + underWay.back()));
+    EndRun("fault " + std::to_string(number) + (doing.empty() ? "" : " by: " + doing.back()));
 }
 
 void EndProcess() {
     CheckFiles();
-    End("an answer");
+    EndRun("an answer", EXIT_SUCCESS);
 }
 
 int yieldsUntilNextLook = 0;
@@ -696,7 +549,7 @@ void LookAtNextYield() {}  // handlers of timers begin at any time
 
 void LookAtEventQueue() {
     yieldsUntilNextLook = Below(OneIn(2) ? 20 : 10'000);  // within short handlers and long reads
-    if (actionsLeft > 0 && underWay.size() < DeepestYield) {
+    if (actionsLeft > 0 && doing.size() < 6) {
         ShowScreensLoadedFor({});
         Act();
     }
@@ -710,29 +563,22 @@ void SleepUntilEvent() {
 }
 
 int main(int argc, char** argv) {
-    std::map<std::string, unsigned> options{{"--seed", 1}, {"--actions", 300}, {"--verbose", 0}};
-    for (int i = 1; i + 1 < argc; i += 2) {
-        options.at(argv[i]) = static_cast<unsigned>(std::stoul(argv[i + 1]));
+    chance.seed(static_cast<unsigned>(std::stoul(argv[1])));
+    ProgramFolder = fs::current_path();
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { Tell(text.toStdString()); });
+    MakeFiles();
+    if (!OneIn(6)) {
+        MakePreferences();
     }
-    std::map<std::string, int> counts;
-    unsigned done = 0;
-    unsigned seed = options["--seed"];
-    for (; done < options["--actions"]; ++seed) {
-        for (std::string line : RunInProcess(seed, argc, argv)) {
-            if (options["--verbose"] > 1) {
-                std::cout << line << "\n";
-            }
-            line.erase(0, line.find_first_not_of(' '));
-            const std::string verb = line.substr(0, line.find(' '));
-            const bool acts = std::ranges::any_of(Kinds, [&](const Kind& kind) { return kind.name == verb; });
-            done += acts ? 1 : 0;
-            ++counts[acts ? line.substr(0, line.find(' ', verb.size() + 1)) : line.substr(0, 60)];
-        }
-    }
-    for (const auto& [what, count] : counts) {
-        if (options["--verbose"] > 0) {
-            std::cout << count << " " << what << "\n";
-        }
-    }
-    std::cout << done << " actions, seeds " << options["--seed"] << " to " << seed - 1 << "\n";
+    before = Files();
+    const int status = RunApplication(argc, argv, [] {
+        auto* timer = new QTimer(qApp);
+        QObject::connect(timer, &QTimer::timeout, timer, Act);
+        timer->start(0);
+        Main();
+    });
+    NoteTexts();
+    CheckFiles();
+    Tell(AnyScreenLoaded() || !doing.empty() ? "FOUND an open screen" : "ended by closing");
+    return AnyScreenLoaded() || !doing.empty() ? EXIT_FAILURE : status;
 }
