@@ -75,18 +75,22 @@ protected:
         }
     }
 
-    /// Only what can have an effect is offered.
+    /// Only what can have an effect is offered. The menu stays as long as the box: while it pastes, a handler may
+    /// yield, and what is to be deleted goes then.
     void contextMenuEvent(QContextMenuEvent* event) override {
         if (!box_.KeyPress) {
             QLineEdit::contextMenuEvent(event);
             return;
         }
-        auto* menu = new QMenu(this);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->addAction(tr("&Copy"), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
-        menu->addAction(tr("&Paste"), this, &QLineEdit::paste);
-        menu->addAction(tr("Select All"), this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
-        menu->popup(event->globalPos());
+        if (menu_ == nullptr) {
+            menu_ = new QMenu(this);
+            copy_ = menu_->addAction(tr("&Copy"), this, &QLineEdit::copy);
+            menu_->addAction(tr("&Paste"), this, &QLineEdit::paste);
+            selectAll_ = menu_->addAction(tr("Select All"), this, &QLineEdit::selectAll);
+        }
+        copy_->setEnabled(hasSelectedText());
+        selectAll_->setEnabled(!text().isEmpty());
+        menu_->popup(event->globalPos());
     }
 
 private:
@@ -133,6 +137,9 @@ private:
     TextBox& box_;
     Rules rules_;
     LineBefore before_;
+    QMenu* menu_ = nullptr;  // once it has been asked for
+    QAction* copy_ = nullptr;
+    QAction* selectAll_ = nullptr;
     bool filling_ = false;
     bool raising_ = false;
     bool deletes_ = false;
