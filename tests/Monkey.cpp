@@ -209,7 +209,8 @@ void CheckFiles() {
     }
     for (const auto& [path, text] : files) {
         const auto old = before.find(path);
-        if (composed.contains(text) || (old != before.end() && old->second == text)) {
+        const bool isEmptiedHelp = path.ends_with(".Help") && text == HelpText;
+        if (composed.contains(text) || isEmptiedHelp || (old != before.end() && old->second == text)) {
             continue;
         }
         if (path == preferences) {
@@ -571,6 +572,7 @@ int main(int argc, char** argv) {
         MakePreferences();
     }
     before = Files();
+    before.try_emplace(PreferencesPath());  // the start makes an empty file
     const int status = RunApplication(argc, argv, [] {
         auto* timer = new QTimer(qApp);
         QObject::connect(timer, &QTimer::timeout, timer, Act);
