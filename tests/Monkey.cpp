@@ -25,19 +25,17 @@
 
 // One run of the program with a monkey at the mouse and the keys: it does random things to all screens, also in the
 // yields of what it has done before, and answers every question at random, until the program ends. It prints what it
-// does, and last what it has found. The same seed does the same. tests/monkey starts it in a folder of its own.
+// does, and last what it has found; whole texts go to the folder "whole". The same seed does the same. tests/monkey
+// starts it, and looks at the files that it leaves.
 
 namespace {
 
 namespace fs = std::filesystem;
-using FilesAndTexts = std::map<std::string, std::string>;
 
-std::mt19937 chance;             // unlike those of the library's distributions, its numbers are the same everywhere
-int actionsLeft = 300;           // then all screens are closed
-std::vector<std::string> doing;  // the innermost last
-FilesAndTexts before;            // the run
-std::set<std::string> composed;  // whole texts
-std::string enteredName;         // in the last input box
+std::mt19937 chance;    // unlike those of the library's distributions, its numbers are the same everywhere
+int actionsLeft = 300;  // then all screens are closed
+int depth = 0;          // of what is being done
+std::string enteredName;
 bool preferencesAreBroken = false;
 
 int Below(int bound) { return static_cast<int>(chance() % static_cast<unsigned>(bound)); }
@@ -48,11 +46,34 @@ const auto& AnyOf(const List& list) {
     return *std::next(std::begin(list), Below(static_cast<int>(std::size(list))));
 }
 
-void Tell(const std::string& line) { std::cout << std::string(doing.size(), ' ') << line << std::endl; }
+void Tell(const std::string& line) {
+    std::cout << std::string(static_cast<std::size_t>(depth), ' ') << line << std::endl;
+}
 
-[[noreturn]] void EndRun(const std::string& how, int status = EXIT_FAILURE) {
-    Tell((status == EXIT_SUCCESS ? "ended by " : "FOUND ") + how);
-    std::_Exit(status);
+/// What is composed between two of these calls, and then written, is a whole text.
+void NoteTexts() {
+    static std::set<std::string> known{""};
+    for (const std::string& text : {LevelText, WorldOutput, InfoText, HelpText}) {
+        if (known.insert(text).second) {
+            std::ofstream("../whole/" + std::to_string(known.size()), std::ios::binary) << text;
+        }
+    }
+}
+
+[[noreturn]] void Find(const std::string& what) {
+    Tell("FOUND " + what);
+    std::_Exit(EXIT_FAILURE);
+}
+
+/// Preferences are whole if saving what they hold changes nothing.
+void TellEnd(const std::string& how) {
+    NoteTexts();
+    const std::string left = PreferencesPath();
+    LoadPreferences();
+    ProgramFolder = "../whole";
+    fs::copy(left, ProgramFolder);
+    SavePreferences();
+    Tell("ended by " + how);
 }
 
 // What must always hold.
@@ -81,14 +102,14 @@ std::vector<const Control*> ControlsNamed(const char* pattern) {
 
 /// Whether a box, where a text that is no number ends the program, raises this fault.
 bool ABoxRaises(FaultNumber number) {
-    return std::ranges::any_of(ControlsNamed<QLineEdit>("^((Start|Dest|)[XY]|Time|Width|Height|Bkg.*(Top|Btm))Box$"),
-                               [&](auto* box) {
-                                   try {
-                                       return TextToInt16(box->text().toStdString()) != TextToInt16("0") && false;
-                                   } catch (const Fault& fault) {
-                                       return fault.Number() == number;
-                                   }
-                               });
+    for (const auto* box : ControlsNamed<QLineEdit>("^((Start|Dest|)[XY]|Time|Width|Height|Bkg.*(Top|Btm))Box$")) {
+        try {
+            (void)TextToInt16(box->text().toStdString());
+        } catch (const Fault& fault) {
+            return fault.Number() == number;
+        }
+    }
+    return false;
 }
 
 int Scrolled(const char* bar) {
@@ -116,10 +137,11 @@ bool ALayerIsMissing() {
 }
 
 bool ATileHasNoPicture() {
-    const TileMap& tiles = WorldRecord.tiles;
-    return AnyUpTo(tiles.Columns() * tiles.Rows() - 1, [&](int cell) {
-        const Int16 tile = tiles(cell % tiles.Columns(), cell / tiles.Columns());
-        return tile < 0 || tile > 76;
+    return AnyUpTo(WorldRecord.tiles.Columns() - 1, [](int column) {
+        return AnyUpTo(WorldRecord.tiles.Rows() - 1, [=](int row) {
+            const Int16 tile = WorldRecord.tiles(column, row);
+            return tile < 0 || tile > 76;
+        });
     });
 }
 
@@ -183,46 +205,6 @@ const std::vector<Ending>& Endings() {
     return endings;
 }
 
-/// What is composed between two of these calls, and then written, is a whole text.
-void NoteTexts() { composed.insert({LevelText, WorldOutput, InfoText, HelpText}); }
-
-FilesAndTexts Files() {
-    FilesAndTexts files;
-    for (const auto& entry : fs::recursive_directory_iterator(ProgramFolder)) {
-        if (entry.is_regular_file()) {
-            std::ifstream file(entry.path(), std::ios::binary);
-            files[entry.path()] = {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-        }
-    }
-    return files;
-}
-
-/// Every file has its old text or a whole new one. Preferences are whole if saving what they hold changes nothing.
-void CheckFiles() {
-    const FilesAndTexts files = Files();
-    const std::string preferences = PreferencesPath();
-    composed.erase("");
-    for (const auto& [path, text] : before) {
-        if (!files.contains(path)) {
-            EndRun("a lost file: " + path);
-        }
-    }
-    for (const auto& [path, text] : files) {
-        const auto old = before.find(path);
-        const bool isEmptiedHelp = path.ends_with(".Help") && text == HelpText;
-        if (composed.contains(text) || isEmptiedHelp || (old != before.end() && old->second == text)) {
-            continue;
-        }
-        if (path == preferences) {
-            LoadPreferences();
-            SavePreferences();
-        }
-        if (path != preferences || Files()[path] != text) {
-            EndRun("a torn file: " + path);
-        }
-    }
-}
-
 /// Which screens take the input from which other ones.
 const std::map<QString, QString> Covered{
     {"VarsFrm", "MainFrm"},  {"NukTextFrm", "MainFrm"}, {"zBGEditFrm", "MainFrm"}, {"HelpFrm", "MainFrm"},
@@ -240,7 +222,7 @@ void CheckScreens(const std::vector<Surface*>& windows) {
     for (const Surface* window : windows) {
         const QString name = window->objectName();
         if (window->takesInput ? above[name] > 0 && !coveredTwice.contains(name) : above[name] == 0) {
-            EndRun(name.toStdString() + (window->takesInput ? " works below another screen" : " stays deaf"));
+            Find(name.toStdString() + (window->takesInput ? " works below another screen" : " stays deaf"));
         }
     }
 }
@@ -283,7 +265,8 @@ Target AnyTarget(Surface& window) {
     }
     const auto toolbar = std::ranges::find_if(areas, [](const auto& array) { return array.first.ends_with("TB"); });
     const auto& [name, area] = AnyOf(toolbar != areas.end() && OneIn(6) ? toolbar->second : AnyOf(areas).second);
-    return {&window, name, AnyPointIn(area)};
+    // The button that ends the program is to come late.
+    return name == "TB(17)" && !OneIn(8) ? AnyTarget(window) : Target{&window, name, AnyPointIn(area)};
 }
 
 /// The press that has not been let go: nobody has two hands on a mouse.
@@ -360,7 +343,7 @@ void Write(const Target& target) {
     Click<Qt::LeftButton>(target);
     Press(target, Qt::Key_A, Qt::ControlModifier);
     const std::string text = AnyText();
-    if (OneIn(4)) {
+    if (OneIn(3)) {
         QGuiApplication::clipboard()->setText(QString::fromStdString(text));
         Press(target, Qt::Key_V, Qt::ControlModifier);
         return;
@@ -384,21 +367,23 @@ struct Kind {
     void (*act)(const Target& target);
 };
 
-constexpr Kind Kinds[] = {{"click", 40, Click<Qt::LeftButton>},
-                          {"right", 10, Click<Qt::RightButton>},
-                          {"middle", 1, Click<Qt::MiddleButton>},
-                          {"double", 2, Click<Qt::LeftButton, true>},
-                          {"drag", 3, Click<Qt::LeftButton, false, true>},
-                          {"wheel", 5, Wheel},
-                          {"key", 12, PressAnyKey},
-                          {"write", 10, Write},
-                          {"close", 2, Close}};
+constexpr Kind Kinds[] = {
+    {"click", 40, Click<Qt::LeftButton>},
+    {"right", 10, Click<Qt::RightButton>},
+    {"middle", 1, Click<Qt::MiddleButton>},
+    {"double", 2, Click<Qt::LeftButton, true>},
+    {"drag", 3, Click<Qt::LeftButton, false, true>},
+    {"wheel", 5, Wheel},
+    {"key", 12, PressAnyKey},
+    {"write", 10, Write},
+    {"close", 2, Close},
+};
 
 void Act() {
     Release();
     NoteTexts();
     std::vector<Surface*> windows = Windows();
-    if (doing.empty()) {  // a screen that is closing has given the input back already
+    if (depth == 0) {  // a screen that is closing has given the input back already
         CheckScreens(windows);
     }
     if (!OneIn(8)) {
@@ -411,9 +396,9 @@ void Act() {
     const Target target = AnyTarget(window);
     int place = --actionsLeft < 0 ? 84 : Below(85);
     const Kind& kind = *std::ranges::find_if(Kinds, [&](const Kind& k) { return (place -= k.weight) < 0; });
-    std::string what = kind.name + (" " + window.objectName().toStdString()) + " " + target.name;
-    Tell(what + " " + std::to_string(target.at.x()) + " " + std::to_string(target.at.y()));
-    doing.push_back(std::move(what));
+    Tell(kind.name + (" " + window.objectName().toStdString()) + " " + target.name + " " +
+         std::to_string(target.at.x()) + " " + std::to_string(target.at.y()));
+    ++depth;
     // What the toolkit itself waits for (a drag, a menu) comes by a timer: one that runs already does not go off.
     QTimer inner;
     QObject::connect(&inner, &QTimer::timeout, &inner, [level = QThread::currentThread()->loopLevel()] {
@@ -424,61 +409,29 @@ void Act() {
     inner.start(0);
     kind.act(target);
     NoteTexts();
-    doing.pop_back();
+    --depth;
 }
-
-// Where it does it.
 
 /// The path of a file of this kind, more often than not of one that is there.
 std::string AnyPath(const std::string& ending) {
-    FilesAndTexts files = Files();
-    std::erase_if(files, [&](const auto& file) { return !file.first.ends_with(ending); });
+    std::set<std::string> paths;
+    for (const auto& entry : fs::recursive_directory_iterator(ProgramFolder)) {
+        if (entry.is_regular_file() && entry.path().string().ends_with(ending)) {
+            paths.insert(entry.path());
+        }
+    }
     const int way = Below(8);
-    if (files.empty() || way < 2) {
+    if (paths.empty() || way < 2) {
         return ProgramFolder + (way == 0 ? "/no/such" : "/no such") + ending;
     }
-    return way == 2 ? UserLevelsFolder : AnyOf(files).first;
-}
-
-void Damage(std::string& text) {
-    if (OneIn(3)) {
-        text.resize(static_cast<std::size_t>(Below(static_cast<int>(text.size()) + 1)));
-    } else if (OneIn(6)) {
-        std::erase(text, '\n');
-    }
-    for (int i = Below(20); i > 0 && !text.empty(); --i) {
-        const auto at = static_cast<std::size_t>(Below(static_cast<int>(text.size())));
-        text[at] = static_cast<char>(OneIn(2) ? '0' + Below(10) : Below(256));
-    }
-}
-
-void Store(const std::string& name, const std::string& text) {
-    std::ofstream(JoinPath(ProgramFolder, name), std::ios::binary) << text;
-}
-
-void MakeFiles() {
-    InitConstants();
-    fs::copy(SAMPLE_GAME_FOLDER, GameFolder, fs::copy_options::recursive);
-    Store("FB_Editor.Help", "Help\r\n");
-    for (const std::string ending : {"0.fbl", "1.fbl", "2.fbl", "3.fbwm", "4.fbwm"}) {
-        std::string text = Files()[AnyPath(ending.substr(1))];
-        Damage(text);
-        Store("broken" + ending, text);
-    }
-    if (OneIn(20)) {
-        fs::remove_all(OneIn(2) ? BackgroundFolder : UserLevelsFolder);
-    }
-    if (OneIn(10)) {
-        fs::create_directories(fs::path(UserLevelsFolder) / "blocked" / "info");
-    }
+    return way == 2 ? UserLevelsFolder : AnyOf(paths);
 }
 
 void MakePreferences() {
     Preferences& p = PrefsRecord;
-    for (auto* favorites : {&p.FavoritesA, &p.FavoritesB}) {
-        std::ranges::generate(*favorites, [] { return Below(LastTile + 1); });
+    for (Int16* first : {p.FavoritesA.data(), p.FavoritesB.data(), p.WorldFavorites.data()}) {
+        std::generate(first, first + p.FavoritesA.size(), [] { return Below(77); });
     }
-    std::ranges::generate(p.WorldFavorites, [] { return Below(77); });
     for (Int16* number : {&p.SavedLayer, &p.SavedMode, &p.SavedObject, &p.SavedWorldMode, &p.SavedTileSet, &p.GridState,
                           &p.AutoState, &p.AddEndState, &p.ResetState, &p.IglooState}) {
         *number = Below(2) * Below(3);
@@ -491,8 +444,9 @@ void MakePreferences() {
     if (preferencesAreBroken) {
         std::string text(1000, ' ');
         std::ranges::generate(text, [] { return static_cast<char>(Below(256)); });
-        Store("FB_Editor.Preferences", text);
+        std::ofstream(PreferencesPath(), std::ios::binary) << text;
     }
+    fs::copy(PreferencesPath(), "../whole/at-start");
     PrefsRecord = {};
 }
 
@@ -518,30 +472,30 @@ Int16 ShowMessage(const std::string& text, const std::string& title, MessageButt
     return answer;
 }
 
-std::string InputBox(const std::string&, const std::string&) { return enteredName = AnyText(); }
+std::string InputBox(const std::string&, const std::string&) {
+    enteredName = AnyText();
+    std::erase(enteredName, '\n');
+    return enteredName;
+}
 
 std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
 std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
 void EndWithFault(const Fault& fault, const std::string& advice) {
-    NoteTexts();
-    CheckFiles();
     const int number = static_cast<int>(fault.Number());
-    for (const Ending& ending : Endings()) {
-        if (ending.faults.contains(number) && ending.may()) {
-            EndRun(std::to_string(number) + ": " + ending.what, EXIT_SUCCESS);
-        }
+    const auto may = [&](const Ending& ending) { return ending.faults.contains(number) && ending.may(); };
+    const auto ending = std::ranges::find_if(Endings(), may);
+    if (ending == Endings().end() && (!preferencesAreBroken || advice.empty())) {
+        Find("fault " + std::to_string(number));
     }
-    if (preferencesAreBroken && !advice.empty()) {
-        EndRun("broken preferences", EXIT_SUCCESS);
-    }
-    EndRun("fault " + std::to_string(number) + (doing.empty() ? "" : " by: " + doing.back()));
+    TellEnd(std::to_string(number) + ": " + (ending == Endings().end() ? "broken preferences" : ending->what));
+    std::_Exit(EXIT_SUCCESS);
 }
 
 void EndProcess() {
-    CheckFiles();
-    EndRun("an answer", EXIT_SUCCESS);
+    TellEnd("an answer");
+    std::_Exit(EXIT_SUCCESS);
 }
 
 int yieldsUntilNextLook = 0;
@@ -550,7 +504,7 @@ void LookAtNextYield() {}  // handlers of timers begin at any time
 
 void LookAtEventQueue() {
     yieldsUntilNextLook = Below(OneIn(2) ? 20 : 10'000);  // within short handlers and long reads
-    if (actionsLeft > 0 && doing.size() < 6) {
+    if (actionsLeft > 0 && depth < 6) {
         ShowScreensLoadedFor({});
         Act();
     }
@@ -567,20 +521,19 @@ int main(int argc, char** argv) {
     chance.seed(static_cast<unsigned>(std::stoul(argv[1])));
     ProgramFolder = fs::current_path();
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { Tell(text.toStdString()); });
-    MakeFiles();
+    InitConstants();
     if (!OneIn(6)) {
         MakePreferences();
     }
-    before = Files();
-    before.try_emplace(PreferencesPath());  // the start makes an empty file
     const int status = RunApplication(argc, argv, [] {
         auto* timer = new QTimer(qApp);
         QObject::connect(timer, &QTimer::timeout, timer, Act);
         timer->start(0);
         Main();
     });
-    NoteTexts();
-    CheckFiles();
-    Tell(AnyScreenLoaded() || !doing.empty() ? "FOUND an open screen" : "ended by closing");
-    return AnyScreenLoaded() || !doing.empty() ? EXIT_FAILURE : status;
+    if (AnyScreenLoaded() || depth > 0) {
+        Find("an open screen");
+    }
+    TellEnd("closing");
+    return status;
 }
