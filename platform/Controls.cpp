@@ -109,6 +109,10 @@ void Control::Adopt(QWidget* widget, const std::string& name, Place place) {
     widget_ = widget;
     widget_->setObjectName(ShownText(name));
     widget_->setGeometry(place.left, place.top, place.width, place.height);
+    // The toolkit would wait inside the bar's own menu, also when the screen has closed meanwhile.
+    for (QScrollBar* bar : widget_->findChildren<QScrollBar*>()) {
+        bar->setContextMenuPolicy(Qt::NoContextMenu);
+    }
 }
 
 void Control::SetVisible(bool visible) { widget_->setVisible(visible); }
