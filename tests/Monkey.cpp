@@ -35,7 +35,7 @@ namespace fs = std::filesystem;
 std::mt19937 chance;    // unlike those of the library's distributions, its numbers are the same everywhere
 int actionsLeft = 300;  // then all screens are closed
 int depth = 0;          // of what is being done
-std::string enteredName;
+std::vector<std::string> enteredNames;
 bool preferencesAreBroken = false;
 
 int Below(int bound) { return static_cast<int>(chance() % static_cast<unsigned>(bound)); }
@@ -106,7 +106,9 @@ bool ABoxRaises(FaultNumber number) {
         try {
             (void)TextToInt16(box->text().toStdString());
         } catch (const Fault& fault) {
-            return fault.Number() == number;
+            if (fault.Number() == number) {
+                return true;
+            }
         }
     }
     return false;
@@ -127,6 +129,9 @@ bool AnyUpTo(int last, Test test) {
     return false;
 }
 
+constexpr const char* MainScreen = "MainFrm";
+constexpr const char* WorldScreen = "WorldFrm";
+
 bool IsSmaller(const TileMap& map, int columns, int rows) { return map.Columns() < columns || map.Rows() < rows; }
 
 bool ALayerIsMissing() {
@@ -145,15 +150,21 @@ bool ATileHasNoPicture() {
     });
 }
 
+bool TilesAreMissing() { return IsSmaller(WorldRecord.tiles, WorldRecord.width, WorldRecord.height); }
+
+bool IsDeep(int resetPoint) { return LevelRecord.reset_points[resetPoint].y >= LevelRows * TileSize; }
+
 bool IsBeyondItsBars(int badGuy) {
     const BadGuy& selected = LevelRecord.objects[badGuy];
     return badGuy == SelectedBadGuy &&
            (selected.x >= (LevelRecord.width - 1) * TileSize || selected.y >= (LevelRecord.height - 1) * TileSize);
 }
 
-bool TheSetCannotBeMade() {
-    const std::string set = JoinPath(UserLevelsFolder, enteredName);
-    return FolderExists(set) || !FolderExists(FolderOf(set)) || enteredName.size() > 255;
+bool ASetCannotBeMade() {
+    return std::ranges::any_of(enteredNames, [](const std::string& name) {
+        const std::string set = JoinPath(UserLevelsFolder, name);
+        return FolderExists(set) || !FolderExists(FolderOf(set)) || name.size() > 255;
+    });
 }
 
 bool TheInfoCannotBeWritten() {
@@ -164,6 +175,7 @@ bool TheInfoCannotBeWritten() {
 
 struct Ending {
     std::set<int> faults;
+    const char* screen;  ///< that is open
     const char* what;
     bool (*may)();
 };
@@ -171,38 +183,47 @@ struct Ending {
 /// How the program may end besides by its last screen, and when.
 const std::vector<Ending>& Endings() {
     static const std::vector<Ending> endings{
-        {{13}, "a box without a number", [] { return ABoxRaises(FaultNumber::TypeMismatch); }},
-        {{6}, "a box with too large a number", [] { return ABoxRaises(FaultNumber::Overflow); }},
-        {{6}, "a level too wide", [] { return LevelRecord.width > 1023; }},
-        {{6}, "the far end of no level", [] { return LevelLoaded == False && Scrolled("^MapXScroll") > 1000; }},
-        {{6}, "a far reset point", [] { return CurrentTile == 131 && Scrolled("^MapXScroll") > 1013 - ViewColumns; }},
-        {{9}, "a short level's ending", [] { return PrefsRecord.AddEndState > 0 && LevelRecord.width < 22; }},
-        {{9}, "a level without its layers", ALayerIsMissing},
-        {{9}, "a bad guy too few", [] { return LevelRecord.BadGuyCount < 0; }},
-        {{9},
-         "a deep reset point",
-         [] {
-             return AnyUpTo(LevelRecord.reset_points.Last(),
-                            [](int i) { return LevelRecord.reset_points[i].y >= LevelRows * TileSize; });
-         }},
-        {{9},
-         "a world without its tiles",
-         [] { return IsSmaller(WorldRecord.tiles, WorldRecord.width, WorldRecord.height); }},
-        {{9}, "no tile to paint with", [] { return WorldCurrentTile < 1 || WorldCurrentTile > 76; }},
-        {{9}, "a favorite behind the last", [] { return Scrolled("^TileScroll") > 10; }},
-        {{9}, "the 64th link", [] { return WorldRecord.LinkCount > 63; }},
-        {{9}, "a tile without a picture", ATileHasNoPicture},
-        {{380}, "a bad guy beyond its bars", [] { return AnyUpTo(LevelRecord.objects.Last(), IsBeyondItsBars); }},
-        {{380}, "a world beyond its bars", [] { return WorldRecord.width > 512 || WorldRecord.height > 256; }},
-        {{481}, "a background that is no picture", [] { return !ControlsNamed<QWidget>("^ImageFiles").empty(); }},
-        {{52, 75, 76}, "a set that cannot be made", TheSetCannotBeMade},
-        {{52, 75, 76}, "an INFO file that cannot be written", TheInfoCannotBeWritten},
-        {{76}, "no backgrounds", [] { return !FolderExists(BackgroundFolder); }},
+        {{13}, "", "a box without a number", [] { return ABoxRaises(FaultNumber::TypeMismatch); }},
+        {{6}, "", "a box with too large a number", [] { return ABoxRaises(FaultNumber::Overflow); }},
+        {{6}, MainScreen, "a level too wide", [] { return LevelRecord.width > 1023; }},
+        {{6},
+         MainScreen,
+         "the far end of no level",
+         [] { return LevelLoaded == False && Scrolled("^MapXScroll") > 1000; }},
+        {{6}, MainScreen, "a far reset point", [] { return CurrentTile == 131 && Scrolled("^MapXScroll") > 995; }},
+        {{9}, "VarsFrm", "a short ending", [] { return PrefsRecord.AddEndState > 0 && LevelRecord.width < 22; }},
+        {{9}, "", "a level without its layers", ALayerIsMissing},
+        {{9}, MainScreen, "a bad guy too few", [] { return LevelRecord.BadGuyCount < 0; }},
+        {{9}, MainScreen, "a deep reset point", [] { return AnyUpTo(LevelRecord.reset_points.Last(), IsDeep); }},
+        {{9}, WorldScreen, "a world without its tiles", TilesAreMissing},
+        {{9}, WorldScreen, "no tile to paint with", [] { return WorldCurrentTile < 1 || WorldCurrentTile > 76; }},
+        {{9}, WorldScreen, "a favorite behind the last", [] { return Scrolled("^TileScroll") > 10; }},
+        {{9}, WorldScreen, "the 64th link", [] { return WorldRecord.LinkCount > 63; }},
+        {{9}, WorldScreen, "a tile without a picture", ATileHasNoPicture},
+        {{380},
+         MainScreen,
+         "a bad guy beyond its bars",
+         [] { return AnyUpTo(LevelRecord.objects.Last(), IsBeyondItsBars); }},
+        {{380},
+         WorldScreen,
+         "a world beyond its bars",
+         [] { return WorldRecord.width > 512 || WorldRecord.height > 256; }},
+        {{481}, "BackGndFrm", "a background that is no picture", [] { return true; }},
+        {{52, 75, 76}, "", "a set that cannot be made", ASetCannotBeMade},
+        {{52, 75, 76}, "NukTextFrm", "an INFO file that cannot be written", TheInfoCannotBeWritten},
+        {{76}, "VarsFrm", "no backgrounds", [] { return !FolderExists(BackgroundFolder); }},
         {{6, 9, 13, 62},
-         "a broken world at the start of its editor",
+         MainScreen,
+         "a broken world as the last one",
          [] { return WorldLoaded == False && FileNameOf(WorldPath).starts_with("broken"); }},
     };
     return endings;
+}
+
+bool Allows(const Ending& ending, const Fault& fault) {
+    const auto is = [&](const Surface* window) { return window->objectName() == ending.screen; };
+    const bool isOpen = *ending.screen == '\0' || std::ranges::any_of(Windows(), is);
+    return isOpen && ending.faults.contains(static_cast<int>(fault.Number())) && ending.may();
 }
 
 /// Which screens take the input from which other ones.
@@ -473,9 +494,10 @@ Int16 ShowMessage(const std::string& text, const std::string& title, MessageButt
 }
 
 std::string InputBox(const std::string&, const std::string&) {
-    enteredName = AnyText();
-    std::erase(enteredName, '\n');
-    return enteredName;
+    std::string name = AnyText();
+    std::erase(name, '\n');
+    enteredNames.push_back(name);
+    return name;
 }
 
 std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
@@ -483,9 +505,8 @@ std::string OpenFileDialog(const FileDialogSetup& setup) { return ChooseFile(set
 std::string SaveFileDialog(const FileDialogSetup& setup) { return ChooseFile(setup); }
 
 void EndWithFault(const Fault& fault, const std::string& advice) {
+    const auto ending = std::ranges::find_if(Endings(), [&](const Ending& row) { return Allows(row, fault); });
     const int number = static_cast<int>(fault.Number());
-    const auto may = [&](const Ending& ending) { return ending.faults.contains(number) && ending.may(); };
-    const auto ending = std::ranges::find_if(Endings(), may);
     if (ending == Endings().end() && (!preferencesAreBroken || advice.empty())) {
         Find("fault " + std::to_string(number));
     }
