@@ -78,6 +78,13 @@ struct ProbeFrm {
     }
 };
 
+/// What an input method does.
+void Commit(QWidget& control, const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(&control, &event);
+}
+
 class ControlsTest : public ScreenTest {
 protected:
     void SetUp() override {
@@ -182,9 +189,7 @@ TEST_F(ControlsTest, ADisabledScreenTakesNoInput) {
     ClickOn(Name, "Cell(0)", Qt::LeftButton, {3, 3});
     ClickOn(Name, "Check");
     TypeInto(Name, "Box", "x");
-    QInputMethodEvent committed;
-    committed.setCommitString(QStringLiteral("x"));
-    QCoreApplication::sendEvent(&ControlOf<QWidget>(Name, "Box"), &committed);
+    Commit(ControlOf<QWidget>(Name, "Box"), QStringLiteral("x"));
     for (const char* pressed : {"Check", "Option(1)"}) {
         QAccessible::queryAccessibleInterface(&ControlOf<QWidget>(Name, pressed))
             ->actionInterface()
@@ -307,69 +312,38 @@ TEST_F(ControlsTest, TextsKeepTheirBytes) {
 /// All ways into a box that a hand, an input method or a tool has, and what is left of "1234" with "23" selected. In
 /// the number box only digits come in, and nothing goes but by Backspace and Delete.
 TEST_F(ControlsTest, WhateverWayATextComesItKeepsTheRules) {
-    static const auto key = [](Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        return [=](QLineEdit& edit) { QTest::keyClick(&edit, code, modifiers); };
+    const std::map<std::string, void (*)(QLineEdit&, const QString&)> ways{
+        {"key", [](QLineEdit& edit, const QString& keys) { QTest::keySequence(&edit, QKeySequence(keys)); }},
+        {"paste",
+         [](QLineEdit& edit, const QString& text) {
+             QGuiApplication::clipboard()->setText(text);
+             QTest::keySequence(&edit, QKeySequence(QStringLiteral("Shift+Insert")));
+         }},
+        {"commit", [](QLineEdit& edit, const QString& text) { Commit(edit, text); }},
+        {"drop",
+         [](QLineEdit& edit, const QString& text) {
+             QMimeData data;
+             data.setText(text);
+             QDropEvent event(edit.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+             QDragEnterEvent enter(edit.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+             QCoreApplication::sendEvent(&edit, &enter);
+             QCoreApplication::sendEvent(&edit, &event);
+         }},
+        {"del", [](QLineEdit& edit, const QString&) { edit.del(); }},
+        {"clear", [](QLineEdit& edit, const QString&) { edit.clear(); }},
+        {"setText", [](QLineEdit& edit, const QString& text) { edit.setText(text); }},
     };
-    static const auto paste = [](const char* text) {
-        return [=](QLineEdit& edit) {
-            QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
-            QTest::keyClick(&edit, Qt::Key_Insert, Qt::ShiftModifier);
-        };
-    };
-    static const auto commit = [](const char* text) {
-        return [=](QLineEdit& edit) {
-            QInputMethodEvent event;
-            event.setCommitString(QString::fromUtf8(text));
-            QCoreApplication::sendEvent(&edit, &event);
-        };
-    };
-    static const auto drop = [](const char* text) {
-        return [=](QLineEdit& edit) {
-            QMimeData data;
-            data.setText(QString::fromUtf8(text));
-            QDropEvent event(edit.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QDragEnterEvent enter(edit.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(&edit, &enter);
-            QCoreApplication::sendEvent(&edit, &event);
-        };
-    };
-    const struct {
-        const char* way;
-        std::function<void(QLineEdit&)> enter;
-        const char *box, *number;
-    } ways[] = {
-        {"digit", key(Qt::Key_2), "124", "124"},
-        {"letter", key(Qt::Key_X), "1x4", "1234"},
-        {"Backspace", key(Qt::Key_Backspace), "14", "14"},
-        {"Delete", key(Qt::Key_Delete), "14", "14"},
-        {"Ctrl+X", key(Qt::Key_X, Qt::ControlModifier), "14", "1234"},
-        {"Shift+Delete", key(Qt::Key_Delete, Qt::ShiftModifier), "14", "1234"},
-        {"Ctrl+Backspace", key(Qt::Key_Backspace, Qt::ControlModifier), "234", "1234"},
-        {"paste of digits", paste("1234567"), "112345674", "112345674"},
-        {"paste of the first", paste("2"), "124", "124"},
-        {"paste of letters", paste("12x"), "112x4", "1234"},
-        {"paste of nothing but a line end", paste("\n12"), "14", "1234"},
-        {"paste of lines", paste("77\r\n88"), "1774", "1774"},
-        {"paste of Arabic digits", paste("\u0663"), "1\u06634", "1234"},
-        {"committed digit", commit("9"), "194", "194"},
-        {"committed letter", commit("\u00E9"), "1\u00E94", "1234"},
-        {"committed lines", commit("9\n9"), "194", "194"},
-        {"drop of digits", drop("56"), "123456", "123456"},
-        {"drop of lines", drop("y\nz"), "1234y", "1234"},
-        {"a menu's Delete", [](QLineEdit& edit) { edit.del(); }, "14", "1234"},
-        {"a tool's clearing", [](QLineEdit& edit) { edit.clear(); }, "", "1234"},
-        {"a tool's text", [](QLineEdit& edit) { edit.setText(QStringLiteral("-\n-")); }, "-", "1234"},
-    };
-    for (const auto& way : ways) {
-        for (const char* name : {"Box", "Number"}) {
-            SCOPED_TRACE(std::string(way.way) + " in " + name);
-            TextBox& box = name == std::string("Box") ? form->Box : form->Number;
-            box.SetText("");
-            box.SetText("1234");
-            auto& edit = ControlOf<QLineEdit>(Name, name);
+    const auto rows = GoldenRows("box-input.txt");
+    ASSERT_GT(rows.size(), 20U);
+    for (const Texts& row : rows) {
+        for (TextBox* box : {&form->Box, &form->Number}) {
+            SCOPED_TRACE(row.at(0) + " " + row.at(1));
+            box->SetText("");
+            box->SetText("1234");
+            auto& edit = ControlOf<QLineEdit>(Name, box == &form->Box ? "Box" : "Number");
             edit.setSelection(1, 2);
-            way.enter(edit);
-            EXPECT_EQ(box.Text(), &box == &form->Box ? way.box : way.number);
+            ways.at(row[0])(edit, QString::fromStdString(row[1]));
+            EXPECT_EQ(box->Text(), row.at(box == &form->Box ? 2 : 3));
         }
     }
 }

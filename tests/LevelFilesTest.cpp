@@ -66,72 +66,6 @@ TEST_F(LevelFilesTest, EveryFailureGivesTheSameMessage) {
     EXPECT_EQ(FreeFileNumber(), static_cast<int>(std::size(cases)) + 1) << "failed reads keep their numbers";
 }
 
-TEST_F(LevelFilesTest, WhatAFileDoesNotNameStays) {
-    LevelRecord.theme = "antarctica";
-    ReadLevel(Body("(width 21)\r\n(height 20)\r\n"));
-    EXPECT_EQ(LevelRecord.theme, "antarctica");
-    EXPECT_EQ(LevelRecord.background_tm, TileMap(21, 15));
-    // And what comes before a fault has been stored.
-    ReadLevel(Body("(name \"New\")\r\n(reset-points\r\n(point (x 1) (y 2))\r\n)\r\n(time 99999)\r\n(music \"m\")\r\n"));
-    EXPECT_EQ(LevelRecord.name + LevelRecord.music, "New");
-    EXPECT_EQ(LevelRecord.ResetPointCount, 1);
-}
-
-TEST_F(LevelFilesTest, ThresholdOfLfMode) {
-    const std::string rest = "\n(floebird-level\n(time 6)\n)\n";
-    ReadLevel(";" + std::string(256 - 1 - rest.size(), 'c') + rest);
-    EXPECT_EQ(LevelRecord.time, 0);
-    ReadLevel(";" + std::string(257 - 1 - rest.size(), 'c') + rest);
-    EXPECT_EQ(LevelRecord.time, 6);
-    EXPECT_EQ(LevelRecord.LevelComment.size(), 257 - rest.size());
-}
-
-TEST_F(LevelFilesTest, CommentsAreNormalisedInTheRecordToo) {
-    const struct {
-        const char *comment, *stored, *written;
-    } first[] = {{"  ", "", ";Floebird-Level"}, {" a ", "; a", "; a"}, {";;b", ";;b", ";;b"}};
-    for (const auto& [comment, stored, written] : first) {
-        LevelRecord.LevelComment = comment;
-        BuildLevelText();
-        EXPECT_EQ(LevelRecord.LevelComment, stored);
-        EXPECT_TRUE(LevelText.starts_with(written + std::string("\r\n(floebird-level\r\n"))) << LevelText;
-    }
-    const std::pair<std::string, std::string> last[] = {
-        {" ", ""}, {"end", ";; end\r\n"}, {";end", ";; ;end\r\n"}, {" ;;end ", ";;end\r\n"}};
-    for (const auto& [comment, written] : last) {
-        LevelRecord.EndComment = comment;
-        BuildLevelText();
-        EXPECT_EQ(LevelRecord.EndComment, written.substr(0, written.find('\r')));
-        EXPECT_TRUE(LevelText.ends_with(")\r\n)\r\n" + written)) << LevelText;
-    }
-}
-
-/// What no file can bring into the record, and what a reload makes of it.
-TEST_F(LevelFilesTest, NegativeNumbersAndFloats) {
-    LevelRecord.width = 1;
-    LevelRecord.height = -15;
-    LevelRecord.background_tm = LevelRecord.interactive_tm = LevelRecord.foreground_tm = TileMap(1, 15);
-    LevelRecord.interactive_tm(0, 0) = -32768;
-    LevelRecord.start_pos_x = -5;
-    LevelRecord.gravity = -1.0 / 3.0;
-    LevelRecord.bkgd_speed = 1E20;
-    LevelRecord.version = "1.2 beta";
-    LevelRecord.objects.Resize(1);
-    LevelRecord.objects[1] = {0, "a b", -1, 2, 7};
-    LevelRecord.BadGuyCount = 1;
-    UseUnixLineEnds();
-    WriteLevelFile(PathOf("level.fbl"));
-    for (const char* lines : {"  (version 1.2 beta)\n", "  (width  1)\n  (start_pos_x -5)\n",
-                              "  (gravity -0.333333333333333)\n", "  (bkgd_speed 1E+20)\n", "  (back_scrolling #)\n",
-                              "  (interactive-tm  -32768 \n0 \n", "\n(a b (x -1) (y 2) (stay-on-platform #f))\n"}) {
-        EXPECT_NE(LevelText.find(lines), std::string::npos) << lines;
-    }
-    EXPECT_EQ(LevelText.find("(height"), std::string::npos);
-    ReadLevelFile(PathOf("level.fbl"));
-    EXPECT_EQ(LevelRecord.version + LevelRecord.back_scrolling, "12)");
-    EXPECT_EQ(LevelRecord.bkgd_speed, 120.0);
-}
-
 TEST_F(LevelFilesTest, WithoutMapsTheOldFileStays) {
     // The fault of composing comes before the old file is touched, and before the text composed last.
     const std::string path = Store("level.fbl", "old");
@@ -222,19 +156,12 @@ TEST_F(LevelFilesTest, EndlessReadsRestAndOthersDoNot) {
 }
 
 TEST_F(LevelFilesTest, OddInfoFiles) {
-    const std::pair<std::string, InfoRecord> cases[] = {
-        {";c\r\n (TITLE \"A) cut\")\r\nnoise\r\n(DescriptionS \"d\")\r\n)\r\n;behind\r\n(title \"B\")\r\n",
-         {";c", "A", "d"}},
-        // 40 characters are one line still, 41 are a file with LF line ends.
-        {";" + std::string(24, 'c') + "\n(title \"T\")\n\n)",
-         {";" + std::string(24, 'c') + "\n(title \"T\")\n\n)", "", ""}},
-        {";" + std::string(25, 'c') + "\n(title \"T\")\n)\n", {";" + std::string(25, 'c'), "T", ""}},
-        {"", {}},
-    };
-    for (const auto& [bytes, info] : cases) {
+    const auto rows = GoldenRows("info-files.txt");
+    ASSERT_EQ(rows.size(), 4U);
+    for (const Texts& row : rows) {
         CurrentInfo = {};
-        ReadInfoFile(Store("info", bytes));
-        EXPECT_EQ(CurrentInfo, info);
+        ReadInfoFile(Store("info", row.at(3)));
+        EXPECT_EQ(CurrentInfo, (InfoRecord{row[0], row[1], row[2]}));
     }
     ReadInfoFile("/nowhere/level1.fbl");
     WriteInfoFile("/nowhere/info");

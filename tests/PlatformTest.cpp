@@ -3,6 +3,8 @@
 #endif
 
 #include <cstdlib>
+#include <functional>
+#include <map>
 
 #include "core/General.h"
 #include "platform/Conversions.h"
@@ -23,67 +25,37 @@ TEST(Int16Test, ArithmeticFaultsInsteadOfWrapping) {
     EXPECT_EQ(Int16(1023) * 32 + 31, 32767);
 }
 
-TEST(ConversionsTest, TextToInt16) {
-    const std::pair<const char*, int> good[] = {{" 12 ", 12},  {"-32768", -32768}, {"+7", 7},         {"2.5", 2},
-                                                {"3.5", 4},    {"-2.5", -2},       {"1E3", 1000},     {".5", 0},
-                                                {"1.5e1", 15}, {"1E-400", 0},      {"32767.4", 32767}};
-    for (const auto& [text, number] : good) {
-        EXPECT_EQ(TextToInt16(text), number) << text;
-    }
-    for (const char* text : {"", " ", "-", "x", "1x", "1 2", ".", "1.2.3", "E3", "0x10", "1E", "\t1"}) {
-        EXPECT_EQ(FaultOf([&] { return TextToInt16(text); }), FaultNumber::TypeMismatch) << text;
-    }
-    for (const char* text : {"32768", "-32769", "32767.5", "1E999"}) {
-        EXPECT_EQ(FaultOf([&] { return TextToInt16(text); }), FaultNumber::Overflow) << text;
-    }
-}
-
-TEST(ConversionsTest, FloatsAndLeadingNumbers) {
-    EXPECT_EQ(TextToDouble("10."), 10.0);
-    EXPECT_EQ(TextToDouble("-1.25E2"), -125.0);
-    for (const std::string& text : {std::string("."), std::string(), std::string("1,5"), std::string(400, '9')}) {
-        EXPECT_EQ(FaultOf([&] { return TextToDouble(text); }), FaultNumber::TypeMismatch) << text;
-    }
-    EXPECT_EQ(LeadingNumber("  1 2x3"), 12.0);
-    EXPECT_EQ(LeadingNumber("tiles"), 0.0);
-    const std::pair<double, const char*> texts[] = {{8.0, "8"},
-                                                    {0.1, "0.1"},
-                                                    {1E20, "1E+20"},
-                                                    {1.0 / 3.0, "0.333333333333333"},
-                                                    {123456789012345.0, "123456789012345"},
-                                                    {-0.0, "0"}};
-    for (const auto& [number, text] : texts) {
-        EXPECT_EQ(DoubleToText(number), text);
-    }
-    EXPECT_EQ(SingleToText(32.0F + 1.0F / 15.0F), "32.06667");
-}
-
-TEST(ConversionsTest, CasesOfLetters) {
-    EXPECT_EQ(UpperCase("`az{"), "`AZ{");
-    EXPECT_EQ(LowerCase("@AZ["), "@az[");
-}
-
 using FilesTest = ModelTest;
 
-TEST_F(FilesTest, LinesEndAtCarriageReturns) {
-    using namespace std::string_literals;
-    const std::pair<std::string, Texts> cases[] = {{"", {}},
-                                                   {"a", {"a"}},
-                                                   {"a\r", {"a"}},
-                                                   {"a\r\n", {"a"}},
-                                                   {"a\n", {"a\n"}},
-                                                   {"a\rb\r\nc", {"a", "b", "c"}},
-                                                   {"a\nb\r\r\n\nc", {"a\nb", "", "\nc"}},
-                                                   {"\0\xFF\x1A\r\n\0"s, {"\0\xFF\x1A"s, "\0"s}}};
-    for (const auto& [bytes, lines] : cases) {
+/// What each function makes of a text, or the number of its fault.
+TEST_F(FilesTest, Conversions) {
+    const auto lines = [this](const std::string& bytes) {
         OpenForInput(1, Store("lines", bytes));
-        Texts found;
+        std::string found;
         while (!AtEndOfFile(1)) {
-            found.push_back(LineInput(1));
+            found += LineInput(1) + "|";
         }
-        EXPECT_EQ(found, lines);
         EXPECT_EQ(FaultOf([] { return LineInput(1); }), FaultNumber::InputPastEndOfFile);
         CloseFile(1);
+        return found;
+    };
+    const std::map<std::string, std::function<std::string(const std::string&)>> functions{
+        {"TextToInt16", [](const std::string& text) { return std::to_string(TextToInt16(text)); }},
+        {"TextToDouble", [](const std::string& text) { return std::to_string(TextToDouble(text)); }},
+        {"LeadingNumber", [](const std::string& text) { return std::to_string(LeadingNumber(text)); }},
+        {"DoubleToText", [](const std::string& text) { return DoubleToText(std::stod(text)); }},
+        {"SingleToText", [](const std::string& text) { return SingleToText(std::stof(text)); }},
+        {"UpperCase", UpperCase},
+        {"LowerCase", LowerCase},
+        {"LogonNameFor", LogonNameFor},
+        {"LineInput", lines}};
+    const auto rows = GoldenRows("conversions.txt");
+    ASSERT_GT(rows.size(), 50U);
+    for (const Texts& row : rows) {
+        std::string given;
+        const auto fault = FaultOf([&] { given = functions.at(row.at(0))(row.at(1)); });
+        EXPECT_EQ(fault ? "fault " + std::to_string(static_cast<int>(*fault)) : given, row.at(2))
+            << row[0] << " of " << row[1];
     }
 }
 
@@ -170,18 +142,6 @@ TEST_F(FilesTest, WritesLeaveNothingOpenAndNothingBehind) {
         const std::string expected = PathOf(name);
         EXPECT_EQ(WritableFolder(none), expected);
         EXPECT_TRUE(std::filesystem::is_directory(expected));
-    }
-}
-
-TEST(GeneralTest, LogonNames) {
-    const std::pair<const char*, const char*> cases[] = {{"john.doe", "JOHN"},
-                                                         {"eightchr", "EIGHTCHR"},
-                                                         {"ninechars", ""},
-                                                         {"", ""},
-                                                         {"a-name-of-24-characters-", "A"},
-                                                         {"a-name-of-25-characters--", ""}};
-    for (const auto& [name, logonName] : cases) {
-        EXPECT_EQ(LogonNameFor(name), logonName + std::string(16 - std::string(logonName).size(), ' ')) << name;
     }
 }
 

@@ -306,6 +306,13 @@ protected:
              const std::string bytes = FileText(folder / w.Next());
              told_ += "    " + QByteArray::fromStdString(bytes).toHex().toStdString() + "\n";
          }},
+        {"show",
+         [this](Words& w) {
+             std::istringstream lines(FileText(folder / w.Rest()));
+             for (std::string line; std::getline(lines, line);) {
+                 told_ += "    " + OnOneLine(line) + "\n";
+             }
+         }},
         {"during",  // a step that yields, or waits: what follows, up to "done", is done meanwhile
          [this](Words& w) {
              // The queue is looked at once in some milliseconds.

@@ -42,35 +42,6 @@ TEST_F(WorldFilesTest, GoldenFolders) {
     EXPECT_GE(cases, 10);
 }
 
-/// What the reader takes in and the writer leaves out.
-TEST_F(WorldFilesTest, ReadsMoreThanItWrites) {
-    WorldChanged = True;
-    Read(
-        ";; text(floebird-worldmap (levels ; to all\n(level (invisible-teleporter #f)(dest_x 3)(dest_y -4))"
-        "\n; later\n(level (; own\n))(level (x 5)(extro-filename \"e\")))(tilemap (width 1)(height 2)(data 5 6)))\n; "
-        "below");
-    ASSERT_EQ(WorldReadError, 0);
-    EXPECT_EQ(WorldLoaded, True);
-    EXPECT_EQ(WorldChanged, False);
-    EXPECT_EQ(WorldRecord.CommentCount, 2);
-    EXPECT_EQ(WorldRecord.comments[1] + "|" + WorldRecord.comments[2], "; text| belo");
-    EXPECT_EQ(WorldRecord.tiles.Columns() * 10 + WorldRecord.tiles.Rows(), 23) << "a spare column and a spare row";
-    WorldLink links[3];
-    links[0].type = InvisibleLink;
-    links[0].invisible_teleporter = "f";
-    links[0].dest_x = 3;
-    links[0].dest_y = -4;
-    links[1].type = CommentLink;  // its own comment gives way to the one before it
-    links[2].x = 5;
-    links[2].extro_filename = "e";
-    links[0].comment = "; to all";
-    links[1].comment = links[2].comment = "; later";
-    ASSERT_EQ(WorldRecord.LinkCount, 3);
-    for (int n = 1; n <= 3; ++n) {
-        EXPECT_EQ(WorldRecord.levels[n], links[n - 1]) << n;
-    }
-}
-
 TEST_F(WorldFilesTest, FailuresHaveNumbers) {
     const auto rows = GoldenRows("world-errors.txt");
     ASSERT_GT(rows.size(), 50U);
@@ -163,63 +134,24 @@ TEST_F(WorldFilesTest, AFaultKeepsTheTextBefore) {
     }
 }
 
+/// Each link comes before one to a level; what it lacks changes how that one is read.
 TEST_F(WorldFilesTest, LinksAreWrittenByType) {
-    const std::string level = "     (level (name \"one.fbl\")\n           (x  4)\n           (y  5))\n";
-    const std::string place = "           (x 4)\n           (y 5)\n";
-    const std::string target = "           (dest_x 6)\n           (dest_y -7))\n";
-    const struct {
-        int type;
-        void (*change)(WorldLink& link);
-        std::string text;
-        int readError;  ///< what reading the text gives
-    } cases[] = {
-        {NoLink, [](WorldLink&) {}, "     (level ", 48},
-        {9, [](WorldLink&) {}, "     (level ", 48},
-        {CommentLink, [](WorldLink&) {}, "     (level         ;; comment\n", 49},
-        {LevelLink, [](WorldLink& link) { link.extro_filename = " e f "; },
-         "     (level (name \"one.fbl\")\n           (x  4)\n           (y  5)\n           (extro-filename \"e "
-         "f\"))\r\n",
-         0},
-        {LevelLink, [](WorldLink& link) { link.name = "a\"b"; },
-         "     (level (name \"a\"b\")\n           (x  4)\n           (y  5))\n", 34},
-        {MessageLink,
-         [](WorldLink& link) {
-             link.apply_action_up = "u";
-             link.apply_action_down = "d";
-             link.apply_action_left = "l";
-             link.apply_action_right = "r";
-         },
-         "     (level  (map-message \"hello\")\n" + place +
-             "           (apply-action-left #l)\n           (apply-action-right #r)\n           (apply-action-up #u)\n"
-             "           (apply-action-down #d)\n)\n",
-         0},
-        {InvisibleLink, [](WorldLink&) {}, "     (level " + place + "           (invisible-teleporter #\")\n" + target,
-         0},
-        {InvisibleLink, [](WorldLink& link) { link.invisible_teleporter = "t"; },
-         "     (level " + place + "           (invisible-teleporter #\"t)\n" + target, 39},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text);
+    const auto rows = GoldenRows("link-texts.txt");
+    ASSERT_EQ(rows.size(), 8U);
+    for (const Texts& row : rows) {
+        SCOPED_TRACE(row.at(5));
         MakeWorld(1, 1);
         AddInNewLink(4, 5);
-        WorldLink& link = WorldRecord.levels[1];
-        link = {};
-        link.type = c.type;
-        link.comment = ";; comment";
-        link.name = "one.fbl";
-        link.message = "hello";
-        link.x = 4;
-        link.y = 5;
-        link.dest_x = 6;
-        link.dest_y = -7;
-        c.change(link);
         AddInNewLink(4, 5);
+        WorldRecord.levels[1] = {
+            std::stoi(row[0]), ";; comment", row[1], "hello", row[2], row[3], "u", "d", "l", "r", 4, 5, 6, -7};
         WorldRecord.levels[2].name = "one.fbl";
         BuildWorldText();
         const std::size_t start = WorldOutput.find("(levels\n") + 8;
-        EXPECT_EQ(WorldOutput.substr(start), c.text + level + "      ))\n");
+        EXPECT_EQ(WorldOutput.substr(start),
+                  row[5] + "     (level (name \"one.fbl\")\n           (x  4)\n           (y  5))\n      ))\n");
         Read(WorldOutput);
-        EXPECT_EQ(WorldReadError, c.readError);
+        EXPECT_EQ(WorldReadError, std::stoi(row[4]));
     }
 }
 
