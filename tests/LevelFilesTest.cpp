@@ -121,35 +121,20 @@ TEST_F(LevelFilesTest, ASaveIsWholeWhateverItsYieldsBring) {
 
 /// Reads of texts that are used up without an end: their loops rest, and they are the only ones.
 TEST_F(LevelFilesTest, EndlessReadsRestAndOthersDoNot) {
-    const std::string lf = ";" + std::string(300, '-') + "\n(floebird-level\n";
-    const struct {
-        const char* what;
-        std::string bytes;
-        bool rests;
-    } files[] = {
-        {"layer cut off", Body("(width 21)\r\n(background-tm 1 2 3"), true},
-        {"layer cut off, LF", lf + "(width 21)\n(background-tm 1 2\n", true},
-        {"last line without digits", lf + "(width 21)\n(background-tm 1 2\nxy", true},
-        {"last line fills the layer, then comes for ever", lf + "(width 21)\n(background-tm 1 2\nx5", true},
-        {"a keyword without a line end", lf + "(time 5", true},
-        {"a comment without a line end", ";" + std::string(300, '-'), true},
-        {"points until they overflow", lf + "(reset-points\n(point (x 1) (y 2))", false},
-        {"objects until they overflow", lf + "(objects\n(fish (x 1) (y 2))", false},
-        {"whole", lf + "(time 5)\n)\n", false},
-        {"whole, DOS", Body("(time 5)\r\n"), false},
-    };
-    for (const auto& [what, bytes, rests] : files) {
-        SCOPED_TRACE(what);
+    const auto rows = GoldenRows("endless-reads.txt");
+    ASSERT_EQ(rows.size(), 10U);
+    for (const Texts& row : rows) {
+        SCOPED_TRACE(row.at(1));
         Restart();
         doubles = {};
         doubles.onWait = [] { throw GivenUp(); };
         bool rested = false;
         try {
-            ReadLevel(bytes);
+            ReadLevel(row[1]);
         } catch (const GivenUp&) {
             rested = true;
         }
-        EXPECT_EQ(rested, rests);
+        EXPECT_EQ(rested ? "rests" : "goes on", row[0]);
     }
     doubles.onWait = [] { throw GivenUp(); };
     EXPECT_THROW(ReadInfoFile(Store("info", ";" + std::string(50, 'c') + "\r\n(title \"T\")\r\n)\r\n")), GivenUp);

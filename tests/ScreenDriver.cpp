@@ -105,12 +105,6 @@ void MakeLevel(int width) {
     LevelLoaded = True;
 }
 
-void AddBadGuy(const BadGuy& badGuy) {
-    LevelRecord.BadGuyCount += 1;
-    LevelRecord.objects.Resize(LevelRecord.BadGuyCount);
-    LevelRecord.objects[LevelRecord.BadGuyCount] = badGuy;
-}
-
 void OpenMain(int width, int mode) {
     CurrentMode = mode;
     LoadMainFrm();
@@ -120,24 +114,6 @@ void OpenMain(int width, int mode) {
         MakeLevel(width);
         UpdateDisplay();
     }
-}
-
-void OpenWorld(int width, int height) {
-    ResetWorld();
-    WorldRecord.width = width;
-    WorldRecord.height = height;
-    BuildBlankWorld();
-    if (!IsOpen(Editor)) {
-        OpenWorldFrm();
-    }
-}
-
-WorldLink& AddLink(int x, int y, int type) {
-    AddInNewLink(x, y);
-    CurrentLink = -1;
-    WorldLink& link = WorldRecord.levels[WorldRecord.LinkCount];
-    link.type = type;
-    return link;
 }
 
 bool IsOpen(const std::string& screen) { return Find(screen) != nullptr; }
@@ -171,8 +147,6 @@ void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton
     }
     QTest::mouseClick(&control, button, Qt::NoModifier, point);
 }
-
-void RightClickOn(const std::string& screen, const std::string& name) { ClickOn(screen, name, Qt::RightButton); }
 
 void PressCell(const std::string& screen, const std::string& cell, QPoint at) {
     QTest::mousePress(&WindowOf(screen), Qt::LeftButton, Qt::NoModifier, PointIn(screen, cell, at));

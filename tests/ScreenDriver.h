@@ -28,14 +28,9 @@ protected:
 
 /// A level of `width` columns whose cells are all 0, in memory and loaded, with the path "level.fbl".
 void MakeLevel(int width);
-void AddBadGuy(const BadGuy& badGuy);
 
 /// Loads and shows MainFrm in mode `mode`, with such a level unless `width` is 0.
 void OpenMain(int width = 0, int mode = 0);
-
-/// A world of tile 9, in memory and without a path, in its editor, which opens unless it is open.
-void OpenWorld(int width = 40, int height = 30);
-WorldLink& AddLink(int x, int y, int type);
 
 /// Presses the text area's, list's or box's keys, one by one; it takes the focus.
 void Type(const std::string& screen, const std::string& name, const std::string& text);
@@ -57,7 +52,6 @@ template <typename Widget>
 /// Clicks a cell, `at` pixels from its corner, or a button, check box, option, label or toolbar button ("TB(7)").
 void ClickOn(const std::string& screen, const std::string& name, Qt::MouseButton button = Qt::LeftButton,
              QPoint at = {16, 16});
-void RightClickOn(const std::string& screen, const std::string& name);
 void PressCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 void ReleaseCell(const std::string& screen, const std::string& cell, QPoint at = {16, 16});
 

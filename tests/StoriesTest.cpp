@@ -14,6 +14,7 @@
 #include "platform/Controls.h"
 #include "tests/ProgramState.h"
 #include "tests/ScreenDriver.h"
+#include "world/WorldReader.h"
 
 // Whole sessions, told in golden/stories: a line for each thing that is done, and indented below it all that it
 // changes, in the records and on the screens. With FB_RECORD_STORIES set, what happens is written down instead of
@@ -238,15 +239,22 @@ protected:
          }},
         {"world",
          [](Words& w) {
-             const int width = w.Number();
-             OpenWorld(width, w.Number());
+             ResetWorld();
+             WorldRecord.width = w.Number();
+             WorldRecord.height = w.Number();
+             BuildBlankWorld();
+             if (!IsOpen(Editor)) {
+                 OpenWorldFrm();
+             }
              UpdateWorld();
          }},
         {"badguy",
          [](Words& w) {
              const int kind = w.Number();
              const std::string name(kind < BadGuyTypes ? Element(KeywordTable, kind) : "none");
-             AddBadGuy({kind, name, w.Number(), w.Number(), w.Number()});
+             LevelRecord.BadGuyCount += 1;
+             LevelRecord.objects.Resize(LevelRecord.BadGuyCount);
+             LevelRecord.objects[LevelRecord.BadGuyCount] = {kind, name, w.Number(), w.Number(), w.Number()};
              UpdateDisplay();
          }},
         {"resetpoint",
@@ -260,7 +268,9 @@ protected:
          [](Words& w) {
              const std::array<int, 3> numbers{w.Number(), w.Number(), w.Number()};
              for (int left = w.Number(1); left > 0; --left) {
-                 AddLink(numbers[0], numbers[1], numbers[2]);
+                 AddInNewLink(numbers[0], numbers[1]);
+                 WorldRecord.levels[WorldRecord.LinkCount].type = numbers[2];
+                 CurrentLink = -1;
              }
          }},
         {"tile",
@@ -306,7 +316,7 @@ protected:
              const std::string bytes = FileText(folder / w.Next());
              told_ += "    " + QByteArray::fromStdString(bytes).toHex().toStdString() + "\n";
          }},
-        {"show",
+        {"show",  // a text, line by line
          [this](Words& w) {
              std::istringstream lines(FileText(folder / w.Rest()));
              for (std::string line; std::getline(lines, line);) {

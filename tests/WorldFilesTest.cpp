@@ -103,18 +103,6 @@ TEST_F(WorldFilesTest, LinksComeAndGo) {
     EXPECT_EQ(WorldRecord.levels[1], fresh);
 }
 
-TEST_F(WorldFilesTest, HeaderComment) {
-    MakeWorld(1, 1);
-    const std::string own = ";; Created by Quillhare FB_Editor";
-    for (const auto& [before, after] :
-         {std::pair<const char*, std::string>("", own), {"; one", own}, {"  ;; mine  ", ";; mine"}}) {
-        WorldRecord.comments[0] = before;
-        BuildWorldText();
-        EXPECT_EQ(WorldRecord.comments[0], after);
-        EXPECT_EQ(WorldOutput.substr(0, WorldOutput.find("\n(")), after);
-    }
-}
-
 TEST_F(WorldFilesTest, AFaultKeepsTheTextBefore) {
     MakeWorld(1, 1);
     BuildWorldText();
