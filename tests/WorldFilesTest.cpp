@@ -77,32 +77,6 @@ TEST_F(WorldFilesTest, TheFileBeforeMustStillExist) {
               (std::vector<Message>{{"/nowhere/gone.fbwm", "Map NOT Found!", MessageButtons::Ok, MessageIcon::Stop}}));
 }
 
-TEST_F(WorldFilesTest, LinksComeAndGo) {
-    ResetWorld();
-    for (int x = 1; x <= 4; ++x) {
-        AddInNewLink(x, 10 * x);
-        EXPECT_EQ(CurrentLink, x);
-    }
-    EXPECT_EQ(WorldRecord.levels[4].y, 40);
-    EXPECT_EQ(WorldChanged, False);
-    const std::pair<int, std::vector<int>> steps[] = {{0, {1, 2, 3, 4}}, {5, {1, 2, 3, 4}}, {2, {1, 3, 4}}, {3, {1, 3}},
-                                                      {1, {3}},          {1, {}},           {1, {}}};
-    for (const auto& [deleted, left] : steps) {
-        DeleteLink(deleted);
-        std::vector<int> found;
-        for (int index = 1; index <= WorldRecord.levels.Last(); ++index) {
-            found.push_back(WorldRecord.levels[index].x);
-        }
-        EXPECT_EQ(found, left);
-        EXPECT_EQ(WorldRecord.LinkCount, WorldRecord.levels.Last());
-    }
-    EXPECT_EQ(CurrentLink, 4);
-    AddInNewLink(0, 0);
-    WorldLink fresh{};
-    fresh.type = LevelLink;
-    EXPECT_EQ(WorldRecord.levels[1], fresh);
-}
-
 TEST_F(WorldFilesTest, AFaultKeepsTheTextBefore) {
     MakeWorld(1, 1);
     BuildWorldText();
