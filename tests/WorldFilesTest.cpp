@@ -117,20 +117,4 @@ TEST_F(WorldFilesTest, LinksAreWrittenByType) {
     }
 }
 
-TEST_F(WorldFilesTest, StoresWhatWasComposed) {
-    MakeWorld(2, 2);
-    BuildWorldText();
-    WorldChanged = True;
-    WriteWorldFile("");
-    EXPECT_EQ(WorldChanged, True);
-    const std::string path = Store("map.fbwm", std::string(1000, 'x'));
-    WriteWorldFile(path);
-    EXPECT_EQ(FileText(path), WorldOutput);
-    WorldChanged = True;
-    WriteWorldFile("/nowhere/at/all.fbwm");
-    EXPECT_EQ(dialogs.messages, (std::vector<Message>{{"Error Saving World Map Data!", "FB_Editor - Save World Map",
-                                                       MessageButtons::Ok, MessageIcon::Stop}}));
-    EXPECT_EQ(WorldChanged, True);
-}
-
 }  // namespace
