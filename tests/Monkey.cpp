@@ -145,6 +145,7 @@ constexpr Ending Endings[] = {
     {{6}, "MainFrm", "a far end", [] { return LevelRecord.width > 1023 || IsScrolledBeyond(995, "^MapXScroll"); }},
     {{6, 9, 13, 62, 380}, "MainFrm", "a broken file", AFileIsBroken},
     {{9}, "MainFrm", "a bad guy too few", [] { return LevelRecord.BadGuyCount < 0; }},
+    {{9}, "MainFrm", "no bad guy to delete", [] { return CurrentMode == EditBadGuysMode && SelectedBadGuy < 0; }},
     {{9}, "VarsFrm", "a short ending", [] { return PrefsRecord.AddEndState > 0 && LevelRecord.width < 22; }},
     {{9}, "", "a level without its layers", LayersAreMissing},
     {{9}, "WorldFrm", "a world without its tiles", [] { return WorldRecord.tiles.Columns() < WorldRecord.width; }},
@@ -199,11 +200,12 @@ struct Target {
     }
 };
 
-/// A point on one of the cells and controls that can be seen. Arrays count as one, so that the map is not all.
+/// A point on one of the cells and controls that can be seen. Arrays but the toolbars count as one: the map is not all.
 Target AnyTarget(Surface& window) {
     std::map<std::string, std::vector<std::pair<std::string, QRect>>> areas;
     const auto add = [&](const std::string& name, const QRect& area) {
-        areas[name.substr(0, name.find('('))].emplace_back(name, area & window.rect());
+        const bool isTool = name.find("TB(") <= 1;
+        areas[name.substr(0, isTool ? name.size() : name.find('('))].emplace_back(name, area & window.rect());
     };
     for (const ImageCell* cell : window.Cells()) {
         if (window.IsShown(*cell)) {
@@ -235,10 +237,9 @@ void Release() {
     QTestPrivate::qtestMouseButtons = Qt::NoButton;
 }
 
-/// Now and then it drags.
 void Click(const Target& target) {
     const auto button = AnyOf(std::array{Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::RightButton});
-    held = {target.Handle(), button, OneIn(10) ? AnyTarget(*target.window).at : target.at};
+    held = {target.Handle(), button, OneIn(10) ? AnyTarget(*target.window).at : target.at};  // a drag, or none
     if (held.window != nullptr) {
         QTest::mousePress(held.window, button, OneIn(3) ? Qt::ShiftModifier : Qt::NoModifier, target.at);
     }
@@ -312,9 +313,8 @@ void Act() {
     if (depth == 0) {  // a screen that is closing has given the input back already
         CheckScreens(windows);
     }
-    if (!OneIn(8)) {
-        std::erase_if(windows, [](const Surface* window) { return !window->takesInput; });
-    }
+    const bool triesAll = OneIn(8);
+    std::erase_if(windows, [=](const Surface* window) { return !triesAll && !window->takesInput; });
     if (windows.empty()) {
         return;
     }
