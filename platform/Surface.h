@@ -101,6 +101,7 @@ private:
     std::vector<Container*> frames_;
     std::vector<WheelArea> wheelAreas_;
     std::vector<Container*> dirty_;
+    bool hasBeenPainted_ = false;
     QHash<QWidget*, QCursor> ownPointers_;  // of controls, while the window has one
     ImageCell* captor_ = nullptr;           // took the press of the first button that is down, and so gets the moves
     ImageCell* clicked_ = nullptr;          // took the press of the left button, if that is down
