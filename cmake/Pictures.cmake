@@ -37,7 +37,7 @@ function(fb_embed_pictures target source)
     endforeach()
 
     # The tool that takes the pixels out runs on this system, also where the program is built for another one.
-    set(tool_source "${FB_ASSETS_DIR}/embed")
+    set(tool_source "${PROJECT_SOURCE_DIR}/platform/embed")
     set(tool_dir "${CMAKE_CURRENT_BINARY_DIR}/embed_pictures")
     if(CMAKE_CROSSCOMPILING)
         set(tool_settings -D "CMAKE_PREFIX_PATH=${QT_HOST_PATH}")
