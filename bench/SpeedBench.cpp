@@ -169,7 +169,7 @@ void LevelFiles(const std::string& path) {
     std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3));
     std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3 * 2));
     UseUnixLineEnds();
-    Report("Compose its text", {BuildLevelText}, {[&] { PrintNumbers(numbers); }}, 1.4);
+    Report("Compose its text", {BuildLevelText}, {[&] { PrintNumbers(numbers); }}, 1.5);
 }
 
 void WorldFiles(const std::string& path) {
@@ -180,7 +180,7 @@ void WorldFiles(const std::string& path) {
     Report("Read a world of 1023 by 256", {[&] { ReadWorldFile(path); }},
            {[bytes = FileBytes(path)] { ScanNumbers(bytes); }}, 2.6);
     const std::vector<int> numbers = NumbersOf(WorldRecord.tiles, LargestWorldWidth, LargestWorldHeight);
-    Report("Compose its text (world)", {BuildWorldText}, {[&] { PrintNumbers(numbers); }}, 1.4);
+    Report("Compose its text (world)", {BuildWorldText}, {[&] { PrintNumbers(numbers); }}, 1.5);
 }
 
 Surface* ScreenSurface(const char* name) {

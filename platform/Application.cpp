@@ -11,7 +11,6 @@
 #include <clocale>
 #include <csignal>
 #include <cstdlib>
-#include <future>
 #include <memory>
 
 #include "platform/Accessibility.h"
@@ -20,9 +19,6 @@
 #include "platform/Events.h"
 #include "platform/Pictures.h"
 
-#ifdef FB_FONTCONFIG
-#include <fontconfig/fontconfig.h>
-#endif
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -53,20 +49,9 @@ int ScaleFactor(qreal wanted, QSize display) {
     return std::max(std::min(static_cast<int>(wanted), most), 1);
 }
 
-/// A third of a start goes into the list of the system's fonts. The toolkit asks for it with the first letter; it is
-/// read from now on, beside whatever is done until the result is dropped, which waits for its end.
-[[nodiscard]] std::future<void> ReadFontList() {
-#ifdef FB_FONTCONFIG
-    return std::async(std::launch::async, [] { FcInit(); });
-#else
-    return {};
-#endif
-}
-
 /// The toolkit, which knows the display, and so the scale factor, only once it is there. Where that one does not do, it
 /// is made once more.
 std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
-    const auto fontList = ReadFontList();
     auto application = std::make_unique<QApplication>(argc, argv);
     const qreal ratio = application->devicePixelRatio();
     const QSize display = QGuiApplication::primaryScreen()->geometry().size() * ratio;
