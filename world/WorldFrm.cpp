@@ -17,9 +17,7 @@ void WorldFrm::Load() {
     LinkFrame.Move(TilesFrame.Left(), TilesFrame.Top());
     ShowModePanel();
     Window.Show();
-    Window.SetEnabled(false);  // what a press would open now, the last world would be read behind
     YieldToEventQueue();
-    Window.SetEnabled(true);
     FavEdit = 0;
     FileNameBox.SetCaption("");
     RestoreWorld();

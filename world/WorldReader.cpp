@@ -26,7 +26,7 @@ template <typename Record>
 struct Key {
     std::string_view word;
     void (*readValue)(WorldScanner& in, Record& record);
-    int notClosed{};    ///< error number when no ")" follows the value
+    int notClosed = 0;  ///< error number when no ")" follows the value
     int type = NoLink;  ///< what the key makes of a link; NoLink leaves its type alone
 };
 
