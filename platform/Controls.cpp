@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStyleOptionFocusRect>
 #include <QTimer>
 
 #include "platform/EventQueue.h"
@@ -84,13 +83,7 @@ protected:
 
     void paintEvent(QPaintEvent* event) override {
         QLabel::paintEvent(event);
-        if (hasFocus()) {
-            QPainter painter(this);
-            QStyleOptionFocusRect option;
-            option.initFrom(this);
-            option.rect = rect().adjusted(1, 1, -1, -1);
-            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-        }
+        PaintFocusFrame(*this, rect().adjusted(1, 1, -1, -1));
     }
 
     void enterEvent(QEnterEvent*) override {

@@ -1,8 +1,6 @@
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QStyleOptionFocusRect>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -51,12 +49,7 @@ protected:
 
     void paintEvent(QPaintEvent* event) override {
         QScrollBar::paintEvent(event);
-        if (hasFocus()) {
-            QPainter painter(this);
-            QStyleOptionFocusRect option;
-            option.initFrom(this);
-            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-        }
+        PaintFocusFrame(*this, rect());
     }
 
     void focusInEvent(QFocusEvent* event) override {

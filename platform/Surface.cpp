@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -58,6 +60,16 @@ bool TakesMoves(const ImageCell& cell) { return static_cast<bool>(cell.MouseMove
 bool HasToolTip(const ImageCell& cell) { return !cell.ToolTip().empty(); }
 
 }  // namespace
+
+void PaintFocusFrame(QWidget& widget, const QRect& area) {
+    if (widget.hasFocus()) {
+        QPainter painter(&widget);
+        QStyleOptionFocusRect option;
+        option.initFrom(&widget);
+        option.rect = area;
+        widget.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &widget);
+    }
+}
 
 int WheelNotches::Take(int eighths) {
     if ((rest_ < 0) != (eighths < 0)) {

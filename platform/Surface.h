@@ -25,6 +25,9 @@ private:
     int rest_ = 0;
 };
 
+/// Paints the frame that shows where the keys go, along the inside of `area` of `widget`, if they go there.
+void PaintFocusFrame(QWidget& widget, const QRect& area);
+
 /// The window of a screen. Paints the screen's image cells in their stacking order, finds the cell under the
 /// mouse, and passes its events on. Platform code and tests only; screens know their Screen and their cells.
 class Surface : public QWidget {

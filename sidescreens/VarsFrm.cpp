@@ -153,7 +153,6 @@ void VarsFrm::HeightBox_Change() {
     if (Updating) {
         return;
     }
-    LevelRecord.height = LevelRows;
     LevelRecord.height = TextToInt16(HeightBox.Text());
     if (RemakeLayers()) {
         UpdateVarsDisplay();
