@@ -206,7 +206,9 @@ std::string LineInput(int number) {
     if (end == std::string::npos) {
         file.next = file.text.size();
         // The last line of a file, and all of a file without CR: taken without a copy.
-        return from == 0 ? std::exchange(file.text, {}) : file.text.substr(from);
+        std::string line = std::exchange(file.text, {});
+        line.erase(0, from);
+        return line;
     }
     file.next = end + 1;
     if (file.next < file.text.size() && file.text[file.next] == '\n') {

@@ -27,7 +27,6 @@ void BackGndFrm::MakeControls() {
     PreviewImg.SetStretch(true);
     PreviewImg.SetPicture(FixedPicture("PreviewImg"));
     PNGImage.Create(Window, "PNGImage", {Preview.left, Height + 40, Preview.width, Preview.height});
-    PNGImage.SetStretch(true);
     PNGImage.SetPicture(FixedPicture("PNGImage"));
     OKCmd.Create(Window, "OKCmd", {Width - 12 - 184, Height - 38, 88, 26}, "OK");
     OKCmd.Click = [this] { OKCmd_Click(); };

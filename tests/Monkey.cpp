@@ -333,6 +333,7 @@ void Act() {
         }
     });
     inner.start(0);
+    QApplication::setActiveWindow(&window);  // as a window manager would: only that one has the keys
     kind.act(target);
     NoteTexts();
     --depth;

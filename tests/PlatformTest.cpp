@@ -124,6 +124,7 @@ TEST_F(FilesTest, WritesLeaveNothingOpenAndNothingBehind) {
             EXPECT_EQ(FileText(path), "text");
         }
     }
+    EXPECT_TRUE(std::filesystem::exists(FolderOfProgram() + "/CTestTestfile.cmake"));  // it stands beside the tests
     // A program folder that cannot be written gives way to the user's own, wherever the environment says that is.
 #ifdef _WIN32
     const std::pair<const char*, const char*> variables[] = {{"APPDATA", "FB_Editor"}};
