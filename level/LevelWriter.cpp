@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::size_t LongestTileText = 7;  // "-32768" and a blank
 
+/// Only a flag of exactly 1 is true.
 const char* StayOnPlatformText(const BadGuy& badGuy) { return badGuy.stay_on_platform == 1 ? "t" : "f"; }
 
 /// A text in the making. Its level and its line ends are copies: a handler that runs in a yield may open another level,
@@ -146,8 +147,6 @@ void BuildLevelText() {
     composer.AddEndComment();
     LevelText = std::move(composer.text);
 }
-
-const char* StayOnPlatformText(int index) { return StayOnPlatformText(LevelRecord.objects[index]); }
 
 void WriteLevelFile(std::string path) {  // NOLINT(performance-unnecessary-value-param): a yield may change LevelPath
     if (IsBlank(path)) {

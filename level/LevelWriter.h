@@ -11,9 +11,6 @@ extern std::string LevelText;  ///< the text last composed by BuildLevelText
 /// if `width` is above 0 and the maps are smaller, fault 6 for the least of all widths; LevelText is then what it was.
 void BuildLevelText();
 
-/// "t" if object `index` (from 1) stays on its platform, that is if its flag is exactly 1, else "f".
-[[nodiscard]] const char* StayOnPlatformText(int index);
-
 /// Stores the level at `path`, with LF line ends; without effect for a blank path. The old file is deleted
 /// before the new one is made, and a failure to write is not reported. Faults of BuildLevelText come through,
 /// with the old file untouched.

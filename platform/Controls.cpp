@@ -114,7 +114,6 @@ bool Control::Visible() const { return !widget_->isHidden(); }
 
 void Control::SetEnabled(bool enabled) { widget_->setEnabled(enabled); }
 
-bool Control::Enabled() const { return widget_->isEnabled(); }
 
 void Control::SetToolTip(const std::string& text) { widget_->setToolTip(ShownToolTip(text)); }
 

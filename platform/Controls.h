@@ -45,7 +45,6 @@ public:
     void SetVisible(bool visible);
     [[nodiscard]] bool Visible() const;  ///< its own state, whatever its container's
     void SetEnabled(bool enabled);
-    [[nodiscard]] bool Enabled() const;
     void SetToolTip(const std::string& text);
     void SetFocus();
     void Move(int left, int top);

@@ -120,6 +120,10 @@ bool AFileIsBroken() {
 
 bool LayersAreMissing() { return LevelRecord.interactive_tm.Columns() < std::max<int>(LevelRecord.width, ViewColumns); }
 
+bool TilesAreMissing() {
+    return WorldRecord.tiles.Columns() < WorldRecord.width || WorldRecord.tiles.Rows() < WorldRecord.height;
+}
+
 bool TheSetCannotBeMade() {
     const std::string set = JoinPath(UserLevelsFolder, enteredName);
     return FolderExists(set) || !FolderExists(FolderOf(set)) || enteredName.size() > 255;
@@ -148,7 +152,7 @@ constexpr Ending Endings[] = {
     {{9}, "MainFrm", "no bad guy to delete", [] { return CurrentMode == EditBadGuysMode && SelectedBadGuy < 0; }},
     {{9}, "VarsFrm", "a short ending", [] { return PrefsRecord.AddEndState > 0 && LevelRecord.width < 22; }},
     {{9}, "", "a level without its layers", LayersAreMissing},
-    {{9}, "WorldFrm", "a world without its tiles", [] { return WorldRecord.tiles.Columns() < WorldRecord.width; }},
+    {{9}, "WorldFrm", "a world without its tiles", TilesAreMissing},
     {{9}, "WorldFrm", "no tile to paint with", [] { return WorldCurrentTile < 1 || WorldCurrentTile > 76; }},
     {{9}, "WorldFrm", "a favorite behind the last", [] { return IsScrolledBeyond(10, "^TileScroll"); }},
     {{9}, "WorldFrm", "the 64th link", [] { return WorldRecord.LinkCount > 63; }},
