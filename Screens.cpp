@@ -93,7 +93,7 @@ void OpenHelpFrm() { ShowAbove(mainFrm, helpFrm, Meanwhile::Disabled); }
 
 void OpenWorldFrm() {
     LoadAbove(mainFrm, worldFrm, Meanwhile::Busy).Window.Show();
-    if (worldFrm.Loaded() != nullptr) {  // otherwise its user has closed it in a long read, which has shown MainFrm
+    if (worldFrm.Loaded() != nullptr) {  // otherwise its user has closed it in a yield, which has shown MainFrm
         OnLoaded(mainFrm, [](MainFrm& form) { form.Window.Hide(); });
     }
 }

@@ -44,9 +44,6 @@ void MainFrm::ObjSelImg_Click(int Index) {
 }
 
 void MainFrm::PlaceBadGuy(Int16 x, Int16 row, int X, int Y) {
-    if (CurrentObject < 0) {
-        return;
-    }
     const Int16 px = RoundToInt16(static_cast<double>(MapReadOut(x, X)));
     const Int16 py = RoundToInt16(static_cast<double>(MapReadOut(row, Y)));
     const auto kind = static_cast<std::size_t>(CurrentObject);

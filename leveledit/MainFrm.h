@@ -28,7 +28,7 @@ struct MainFrm {
     static constexpr int PaletteCells = 32;
     static constexpr int UsedRows = 9;
 
-    /// What a bad guy's sprite shows. A free one has index -1 and stands at (-32, -32).
+    /// What a bad guy's sprite shows. The first free one has index -1 and stands at (-32, -32).
     struct BGSlot {
         Int16 object = -1;  ///< entry of LevelRecord.objects, from 1
         Int16 picture;      ///< number in BadGuysList

@@ -63,7 +63,7 @@ void MainFrm::DrawMap() {
     }
     const UpdatingGuard updating(Updating);
     PlaceResetSprite();
-    // First of all: a bar beyond a narrower level moves here, and draws the map itself then.
+    // Before all that depends on it: a bar beyond a narrower level moves here, and draws the map itself then.
     MapXScroll.SetMax(LevelRecord.width - ViewColumns);
     const Int16 viewLeft = MapXScroll.Value() * TileSize;
     const Int16 viewRight = viewLeft + ViewWidth;

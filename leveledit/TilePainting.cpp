@@ -20,7 +20,9 @@ void MainFrm::AutoCheck_Click() {
 void MainFrm::Img_MouseDown(int Index, int Button, int X, int Y) {
     const int row = CellRow(Index);
     if (CurrentMode == PlaceBadGuysMode) {
-        PlaceBadGuy(LevelColumn(Index), row, X, Y);
+        if (CurrentObject >= 0) {
+            PlaceBadGuy(LevelColumn(Index), row, X, Y);
+        }
     } else if (CurrentMode != TileMode || LevelLoaded == False) {
         return;
     } else if (Button == LeftButton) {

@@ -84,6 +84,7 @@ void WaitForEvent() {
 }
 
 void WaitForClosing() {
+    GiveUpAfterLastScreen();
     const int closingsBefore = closings;
     onlyClosingIsInput = true;
     while (closings == closingsBefore) {

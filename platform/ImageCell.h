@@ -7,7 +7,6 @@
 #include "platform/Container.h"
 #include "platform/Pictures.h"
 
-class QPainter;
 class Surface;
 
 /// Mouse buttons as the events name them.

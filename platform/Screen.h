@@ -55,7 +55,7 @@ public:
     void SetDefaultPointer();
     void SetHourglass();
 
-    /// A pointer of the given picture that points with its upper left corner.
+    /// A pointer of the given picture that points with its pixel (1, 1).
     void SetPointer(const Picture& picture);
 
     /// What gives up the object that holds this screen once it has closed; the platform destroys that when no

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -45,6 +46,14 @@ protected:
             }
         }
         event->ignore();
+    }
+
+    /// A message that a handler shows takes the release of the mouse; below it the bar must not go on by itself.
+    void timerEvent(QTimerEvent* event) override {
+        if (QApplication::activeModalWidget() != nullptr) {
+            setRepeatAction(SliderNoAction);
+        }
+        QScrollBar::timerEvent(event);
     }
 
     void paintEvent(QPaintEvent* event) override {

@@ -60,6 +60,8 @@ while read -r x y name; do places[$name]="$x $y"; done << 'END'
 672 77   World: Level Point Editor
 672 97   World: All Layers
 672 189  World: Auto Complete
+300 70   World: File Name
+642 590  World: Map's Arrow Down
 837 558  World: Palette's Arrow Down
 700 560  World: A Blank Spot
 120 52   Properties: Name

@@ -68,7 +68,7 @@ bool WorldPropertiesFrm::NumberBox_KeyPress(int KeyAscii) {
     return PassesNumberBox(KeyAscii, [this] { UpdatePropertiesDisplay(); });
 }
 
-/// Asks for a world map's file; the answer is of no use, for now.
+/// Asks for a world map's file; nothing is done with the answer.
 void WorldPropertiesFrm::FNBox_Click() {
     if (Updating) {
         return;
