@@ -22,8 +22,6 @@ void MainFrm::Load() {
 }
 
 void MainFrm::RestoreControls() {
-    ObjectFrame.Move(TileFrame.Left(), TileFrame.Top());
-    BGUFrame.Move(TileFrame.Left(), TileFrame.Top());
     Element(LayerOption, CurrentLayer).Select();
     Element(ModeOption, CurrentMode).Select();
     Element(TilesOption, CurrentTileSet).Select();

@@ -114,7 +114,6 @@ bool Control::Visible() const { return !widget_->isHidden(); }
 
 void Control::SetEnabled(bool enabled) { widget_->setEnabled(enabled); }
 
-
 void Control::SetToolTip(const std::string& text) { widget_->setToolTip(ShownToolTip(text)); }
 
 void Control::SetFocus() { widget_->setFocus(); }

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <QtTest>
 #include <QtWidgets>
 #include <fstream>
@@ -132,7 +134,7 @@ bool TheSetCannotBeMade() {
 bool TheInfoCannotBeWritten() {
     return !AnyControl<QLabel>("^InfoNameBox", [](const auto* box) {
         const std::string folder = FolderOf(box->accessibleName().toStdString());
-        return FolderExists(folder) && !FolderExists(folder + "info");
+        return access(folder.c_str(), W_OK) == 0 && !FolderExists(folder + "info");
     });
 }
 

@@ -14,7 +14,6 @@
 void WorldFrm::Load() {
     MakeControls();
     RestorePosition(Window, ScreenIndex::WorldFrm, true);
-    LinkFrame.Move(TilesFrame.Left(), TilesFrame.Top());
     ShowModePanel();
     Window.Show();
     YieldToEventQueue();
