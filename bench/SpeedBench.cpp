@@ -163,13 +163,13 @@ void LevelFiles(const std::string& path) {
     FillLevel(WidestLevel);
     WriteLevelFile(path);
     Report("Read a level of 1023 columns", {[&] { ReadLevelFile(path); }},
-           {[bytes = FileBytes(path)] { ScanNumbers(bytes); }}, 2.6);
+           {[bytes = FileBytes(path)] { ScanNumbers(bytes); }}, 2.5);
     std::vector<int> numbers = NumbersOf(LevelRecord.background_tm, WidestLevel, LevelRows);
     numbers.resize(3 * numbers.size());
     std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3));
     std::copy_n(numbers.begin(), numbers.size() / 3, numbers.begin() + static_cast<long>(numbers.size() / 3 * 2));
     UseUnixLineEnds();
-    Report("Compose its text", {BuildLevelText}, {[&] { PrintNumbers(numbers); }}, 1.5);
+    Report("Compose its text", {BuildLevelText}, {[&] { PrintNumbers(numbers); }}, 1.8);
 }
 
 void WorldFiles(const std::string& path) {
@@ -178,7 +178,7 @@ void WorldFiles(const std::string& path) {
     WriteWorldFile(path);
     WorldPath = path;
     Report("Read a world of 1023 by 256", {[&] { ReadWorldFile(path); }},
-           {[bytes = FileBytes(path)] { ScanNumbers(bytes); }}, 2.6);
+           {[bytes = FileBytes(path)] { ScanNumbers(bytes); }}, 2.2);
     const std::vector<int> numbers = NumbersOf(WorldRecord.tiles, LargestWorldWidth, LargestWorldHeight);
     Report("Compose its text (world)", {BuildWorldText}, {[&] { PrintNumbers(numbers); }}, 1.5);
 }
@@ -249,7 +249,7 @@ void LevelRedraws() {
     const Level narrow = LevelRecord;
     FillLevel(WidestLevel);
     const Level wide = LevelRecord;
-    Report("UpdateDisplay, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.2);
+    Report("UpdateDisplay, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.4);
     Report("UpdateDisplay, width 1023 to width 21", Within(LevelRecord, wide, redraw),
            Within(LevelRecord, narrow, redraw), 1.3);
 }
@@ -266,7 +266,7 @@ void WorldRedraws() {
     FillWorld(LargestWorldWidth, LargestWorldHeight);
     const World large = WorldRecord;
     WorldReadError = 0;
-    Report("UpdateWorld, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.2);
+    Report("UpdateWorld, painted", {redraw}, {[&] { bare.Redraw(); }}, 1.5);
     Report("UpdateWorld, 1023 by 256 to 18 by 15", Within(WorldRecord, large, redraw),
            Within(WorldRecord, small, redraw), 1.3);
     WorldRecord = small;
